@@ -1,0 +1,27 @@
+# One place for what comes from outside. Targets: nalt::osg, nalt::fltk, nalt::gl, PkgConfig::LUA, LibXml2::LibXml2.
+set(OpenGL_GL_PREFERENCE GLVND)
+set(FLTK_SKIP_FLUID ON)
+set(FLTK_SKIP_FORMS ON)
+find_package(FLTK REQUIRED)
+find_package(OpenGL REQUIRED COMPONENTS OpenGL EGL)
+find_package(OpenSceneGraph 3.6 REQUIRED COMPONENTS osgDB osgUtil osgGA osgText osgSim)
+find_package(LibXml2 REQUIRED)
+find_package(X11 REQUIRED)
+find_package(Threads REQUIRED)
+find_package(PkgConfig REQUIRED)
+# The C++ build of Lua: an error then unwinds destructors instead of jumping over them.
+pkg_check_modules(LUA REQUIRED IMPORTED_TARGET lua5.2-c++)
+
+add_library(nalt_osg INTERFACE)
+target_include_directories(nalt_osg SYSTEM INTERFACE ${OPENSCENEGRAPH_INCLUDE_DIRS})
+target_link_libraries(nalt_osg INTERFACE ${OPENSCENEGRAPH_LIBRARIES} Threads::Threads)
+add_library(nalt::osg ALIAS nalt_osg)
+
+add_library(nalt_fltk INTERFACE)
+target_include_directories(nalt_fltk SYSTEM INTERFACE ${FLTK_INCLUDE_DIR})
+target_link_libraries(nalt_fltk INTERFACE ${FLTK_LIBRARIES})
+add_library(nalt::fltk ALIAS nalt_fltk)
+
+add_library(nalt_gl INTERFACE)
+target_link_libraries(nalt_gl INTERFACE OpenGL::GL OpenGL::GLU OpenGL::EGL)
+add_library(nalt::gl ALIAS nalt_gl)
