@@ -1,0 +1,59 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace nalt {
+
+class Model;
+
+/// What a message is about, so that the user can switch it off. `none` can't be switched off.
+enum class MessageId : std::uint32_t { none = 0, saveVersion = 7 };
+
+enum class Answer { yes = 0, no = 1, cancel = 2 };
+
+/// What the document core, the tools and the scripts need of the program around them. The one real implementation is the
+/// main window's controller; tests install one that records. Main thread only, except `warning` and `info`, which a file
+/// worker may call too: the text is then queued and shown by the main thread.
+class Shell {
+public:
+  virtual ~Shell() = default;
+
+  /// The shell in force. One is always installed before a Model exists.
+  static Shell& get();
+  /// Installs `shell` (not owned) and gives back the one before it, null at first.
+  static Shell* install(Shell* shell);
+
+  // Messages. In a quiet run the text goes to the script output with "WARNING: " or "INFO: " in front.
+  virtual void warning(const std::string& text, bool append = false, MessageId id = MessageId::none) = 0;
+  virtual void info(const std::string& text, bool append = false, MessageId id = MessageId::none) = 0;
+  /// A yes-or-no question; in a quiet run nobody is asked and the preset answer counts.
+  virtual Answer ask(const std::string& text) = 0;
+
+  virtual void waitCursor() = 0;
+  virtual void defaultCursor() = 0;
+  virtual void setStatusLine(const std::string& text) = 0;
+
+  // Quiet runs. A batch run is quiet, has no window, and makes no commands.
+  virtual bool quiet() const = 0;
+  virtual bool batch() const = 0;
+  virtual void setQuiet(bool quiet, bool batch) = 0;
+  virtual void setPresetAnswer(Answer answer) = 0;
+
+  // Documents. All paths are native; results are false when nothing was done, after a message has said why.
+  virtual Model* currentModel() const = 0;
+  virtual void setCurrentModel(Model& model) = 0;
+  /// Number of open models and the i-th of them, in tab order.
+  virtual int modelCount() const = 0;
+  virtual Model* modelAt(int i) const = 0;
+  /// A new empty document stored under `filename`; it becomes current. Null only when out of memory.
+  virtual Model* newModel(const std::string& filename) = 0;
+  /// Runs to its end before it returns when `synchronous`; otherwise the result only says that it was started or queued.
+  virtual bool openModel(const std::string& path, bool synchronous) = 0;
+  virtual bool saveModel(int version, bool synchronous) = 0;
+  virtual bool saveModelAs(const std::string& path, int version, bool synchronous) = 0;
+  /// Asks about unsaved changes first (in a quiet run the preset answer counts). False when the user keeps the model.
+  virtual bool closeModel() = 0;
+};
+
+} // namespace nalt
