@@ -12,9 +12,9 @@ enum class MessageId : std::uint32_t { none = 0, saveVersion = 7 };
 
 enum class Answer { yes = 0, no = 1, cancel = 2 };
 
-/// What the document core, the tools and the scripts need of the program around them. The one real implementation is the
-/// main window's controller; tests install one that records. Main thread only, except `warning` and `info`, which a file
-/// worker may call too: the text is then queued and shown by the main thread.
+/// What the document core, the tools and the scripts need of the program around them. The one real implementation is
+/// the main window's controller; tests install one that records. Main thread only, except `warning` and `info`, which a
+/// file worker may call too: the text is then queued and shown by the main thread.
 class Shell {
 public:
   virtual ~Shell() = default;
@@ -48,12 +48,20 @@ public:
   virtual Model* modelAt(int i) const = 0;
   /// A new empty document stored under `filename`; it becomes current. Null only when out of memory.
   virtual Model* newModel(const std::string& filename) = 0;
-  /// Runs to its end before it returns when `synchronous`; otherwise the result only says that it was started or queued.
+  /// Runs to its end before it returns when `synchronous`; otherwise the result only says that it was started or
+  /// queued.
   virtual bool openModel(const std::string& path, bool synchronous) = 0;
   virtual bool saveModel(int version, bool synchronous) = 0;
   virtual bool saveModelAs(const std::string& path, int version, bool synchronous) = 0;
   /// Asks about unsaved changes first (in a quiet run the preset answer counts). False when the user keeps the model.
   virtual bool closeModel() = 0;
+
+  // What the core tells the shell so that the window can follow; a shell without a window needs none of it.
+  /// Path, tab label or dirty state of `model` changed.
+  virtual void documentChanged(Model& /*model*/) {}
+  virtual void activeViewportChanged(Model& /*model*/) {}
+  /// Opens what was dropped on the window: paths or "file:" URIs, one in each line.
+  virtual void openDropped(const std::string& /*lines*/) {}
 };
 
 } // namespace nalt
