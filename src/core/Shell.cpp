@@ -20,4 +20,10 @@ Shell* Shell::install(Shell* shell)
   return std::exchange(installed, shell);
 }
 
+std::string& Shell::storedView()
+{
+  static std::string text;
+  return text;
+}
+
 } // namespace nalt

@@ -21,6 +21,8 @@ public:
 
   /// The shell in force. One is always installed before a Model exists.
   static Shell& get();
+  /// The camera that "Store View" keeps for "Recall View", as one line of text; shared by all models.
+  static std::string& storedView();
   /// Installs `shell` (not owned) and gives back the one before it, null at first.
   static Shell* install(Shell* shell);
 
