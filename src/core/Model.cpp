@@ -17,7 +17,7 @@ namespace {
 
 constexpr int labelSize = 11;
 
-/// Makes the constructor leave FLTK's current group alone: a model never becomes a child of what happens to be open.
+/// Around the base's constructor: a model never becomes a child of the group that happens to be open, nor the open one.
 class NoCurrentGroup {
 public:
   NoCurrentGroup() { Fl_Group::current(nullptr); }
@@ -51,7 +51,6 @@ Fl_Labeltype plainLabel()
 
 Model::Model(int x, int y, int w, int h) : Fl_Tile((NoCurrentGroup(), x), y, w, h)
 {
-  end();
   labeltype(plainLabel());
   labelsize(labelSize);
 }
