@@ -1,0 +1,140 @@
+#pragma once
+
+#include "fltapi/NameRegistry.h"
+#include "fltapi/OpcodeTable.h"
+#include "fltapi/Record.h"
+
+#include <array>
+#include <map>
+#include <osg/ref_ptr>
+#include <set>
+#include <string>
+
+namespace fltapi {
+
+class ColorPaletteRecord;
+class FileOutput;
+class HeaderRecord;
+class InstanceDefinitionRecord;
+class InstanceReferenceRecord;
+class RecordReader;
+class VertexPaletteRecord;
+
+/// One OpenFlight file: the record tree under its header and what belongs to the file as a whole. In memory a file is
+/// always of version 16.2: older ones are widened when they are read and narrowed when they are written.
+///
+/// Failures are told to the Host in force (unless the file is quiet) and answered with false.
+class FltFile : public osg::Referenced {
+public:
+  FltFile();
+  /// A deep copy with records of its own.
+  FltFile(const FltFile& other);
+  FltFile& operator=(const FltFile&) = delete;
+
+  /// Fills an empty file with what a new document has: header "db", color palette, one light point appearance, an empty
+  /// vertex palette. The path becomes "untitled.flt".
+  void initNew();
+
+  // ---- disk ---------------------------------------------------------------------------------------------------------
+
+  bool load(const std::string& path);
+  /// Writes the document in a format version of 1570 to 1620. The document itself stays as it is, its path included,
+  /// and may be looked at meanwhile. The file at `path` is replaced only when the new one is whole.
+  bool save(const std::string& path, int version = currentVersion) const;
+
+  const std::string& path() const { return path_; }
+  void setPath(const std::string& path) { path_ = path; }
+  /// Version of the file as it was read or last written.
+  int loadedVersion() const { return loadedVersion_; }
+  void setLoadedVersion(int version) { loadedVersion_ = version; }
+  /// Whether the load repaired something, so that the document differs from its file.
+  bool modified() const { return modified_; }
+  void setModified(bool modified) { modified_ = modified; }
+  /// No messages and no progress.
+  bool quiet() const { return quiet_; }
+  void setQuiet(bool quiet) { quiet_ = quiet; }
+  bool reading() const { return reading_; }
+
+  // ---- records ------------------------------------------------------------------------------------------------------
+
+  HeaderRecord* header() const { return header_.get(); }
+  /// A fresh record with default content that belongs to this file and is attached to nothing.
+  Record* createRecord(int opcode);
+  /// A record for a buffer, which it owns from now on.
+  Record* createRecord(Buffer buffer);
+  template <class T>
+  T* create()
+  {
+    return static_cast<T*>(createRecord(T::code));
+  }
+
+  VertexPaletteRecord* vertexPalette() const;
+  ColorPaletteRecord* colorPalette() const;
+  /// The palette entries of one kind (64, 112, 113, 128, 129, 133), in file order.
+  std::vector<Record*> palette(int opcode) const;
+
+  /// Definitions by instance number. Of two with one number the first counts; the other is only kept.
+  using InstanceDefinitions = std::multimap<int, osg::ref_ptr<InstanceDefinitionRecord>>;
+  const InstanceDefinitions& instanceDefinitions() const { return instanceDefinitions_; }
+  InstanceDefinitionRecord* instanceDefinition(int number) const;
+  void addInstanceDefinition(InstanceDefinitionRecord& definition);
+  /// The first reference to that instance in the tree, null when there is none.
+  InstanceReferenceRecord* firstReferenceTo(int number) const;
+
+  // ---- names --------------------------------------------------------------------------------------------------------
+
+  /// False when the name is taken and duplicates aren't allowed. A default name ("g12") raises its counter.
+  bool registerName(const std::string& name, int opcode, bool allowDuplicate);
+  /// Takes out one occurrence.
+  void unregisterName(const std::string& name);
+  bool isNameTaken(const std::string& name);
+  std::uint32_t nextNumber(NameCounter counter) const { return nextNumbers_[static_cast<int>(counter)]; }
+
+  // ---- what the tree tells ------------------------------------------------------------------------------------------
+
+  void childAttached(Record& child);
+  void childDetached(Record& child);
+  /// Running sum of the lengths of attached records, vertices left out. For progress reports.
+  std::uint64_t totalBytes() const { return totalBytes_; }
+  int vertexListCount() const { return vertexListCount_; }
+  /// How many references to each external path the tree holds.
+  const std::map<std::string, int>& externalCounts() const { return externalCounts_; }
+
+  // ---- what streams tell --------------------------------------------------------------------------------------------
+
+  void reportReading(double fraction) const;
+  void reportWriting(std::uint64_t written, std::uint64_t total) const;
+  /// The load repaired something: told once for each kind of repair in a file.
+  void noteRepair(const std::string& message);
+  void warn(const std::string& message) const;
+  void complain(const std::string& message) const;
+
+protected:
+  ~FltFile() override;
+
+private:
+  bool readRecords(const std::string& path);
+  void breakVertexPalette();
+  void checkVersion() const;
+  bool writeRecords(FileOutput& output) const;
+  void raiseCounter(const std::string& name, const OpcodeInfo& info);
+  void collectNames();
+
+  std::string path_;
+  NameRegistry names_;
+  osg::ref_ptr<HeaderRecord> header_;
+  InstanceDefinitions instanceDefinitions_;
+  std::array<std::uint32_t, nameCounterCount> nextNumbers_;
+  std::map<std::string, int> externalCounts_;
+  std::set<std::string> repairsTold_;
+  std::uint64_t totalBytes_ = 0;
+  std::int32_t vertexListCount_ = 0;
+  int loadedVersion_ = currentVersion;
+  bool namesCollected_ = false;
+  bool reading_ = false;
+  bool closing_ = false;
+  bool modified_ = false;
+  bool quiet_ = false;
+};
+
+} // namespace fltapi

@@ -1,0 +1,83 @@
+#include "fltapi/io/RecordReader.h"
+
+#include "fltapi/FltFile.h"
+#include "fltapi/Opcodes.h"
+
+namespace fltapi {
+
+osg::ref_ptr<Record> RecordReader::readOne()
+{
+  auto raw = input_.readRecord();
+  if (!raw) return nullptr;
+  osg::ref_ptr<Record> record = file_.createRecord(std::move(raw.buffer));
+  // The header says itself of what version it is.
+  if (record->opcode() == opcodes::header && input_.version() == 0) {
+    constexpr std::size_t formatRevision = 12;
+    input_.setVersion(static_cast<std::int32_t>(bigEndian32(record->data() + formatRevision)));
+  }
+  record->takeFromFile({.fromFile = true, .version = input_.version(), .length = raw.length});
+  lastLength_ = raw.length;
+  totalLength_ += raw.length;
+  file_.reportReading(input_.progress());
+  return record;
+}
+
+osg::ref_ptr<Record> RecordReader::next()
+{
+  if (pending_) return std::exchange(pending_, nullptr);
+  auto record = readOne();
+  while (record) {
+    if (record->opcode() == opcodes::pushExtension) {
+      if (!skipExtension()) return nullptr;
+    } else if (record->opcode() == opcodes::pushAttribute) {
+      if (!skipAttributes()) return nullptr;
+    } else {
+      break;
+    }
+    record = readOne();
+  }
+  return record;
+}
+
+bool RecordReader::skipExtension()
+{
+  for (int open = 1; open > 0;) {
+    const auto record = readOne();
+    if (!record) return false;
+    if (record->opcode() == opcodes::pushExtension) ++open;
+    if (record->opcode() == opcodes::popExtension) --open;
+  }
+  return true;
+}
+
+bool RecordReader::skipAttributes()
+{
+  for (;;) {
+    const auto record = readOne();
+    if (!record) return false;
+    if (record->opcode() == opcodes::popAttribute) return true;
+  }
+}
+
+bool RecordReader::fail(const std::string& why)
+{
+  if (failure_.empty()) failure_ = why;
+  return false;
+}
+
+bool RecordReader::streamIsSound()
+{
+  if (input_.damage().empty()) return true;
+  return fail("The file is damaged at byte " + std::to_string(input_.lastRecordPosition()) + ": " + input_.damage() +
+              ".");
+}
+
+bool RecordReader::allowWidening(std::uint64_t bytes)
+{
+  widened_ += bytes;
+  constexpr std::uint64_t alwaysAllowed = std::uint64_t{64} << 20;
+  if (widened_ <= alwaysAllowed + 8 * totalLength_) return true;
+  return fail("The file is damaged: its switches need far more room than it holds.");
+}
+
+} // namespace fltapi

@@ -1,0 +1,44 @@
+#include "tests/support/TempFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+namespace fs = std::filesystem;
+
+namespace nalt::tests {
+
+TempFolder::TempFolder() : path_((fs::temp_directory_path() / "nalt-test-XXXXXX").string())
+{
+  if (!mkdtemp(path_.data())) ADD_FAILURE() << "no temporary folder like " << path_;
+}
+
+TempFolder::~TempFolder()
+{
+  std::error_code ignored;
+  // A test may have taken the right to empty a folder away.
+  for (const auto& entry : fs::recursive_directory_iterator(path_, ignored))
+    if (entry.is_directory(ignored) && !entry.is_symlink(ignored))
+      fs::permissions(entry, fs::perms::owner_all, fs::perm_options::add, ignored);
+  fs::remove_all(path_, ignored);
+}
+
+void writeFile(const std::string& path, const std::string& content)
+{
+  std::ofstream file(path, std::ios::binary);
+  file << content;
+  file.close();
+  EXPECT_TRUE(file) << path;
+}
+
+std::string readFile(const std::string& path)
+{
+  std::ifstream file(path, std::ios::binary);
+  EXPECT_TRUE(file) << path;
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+} // namespace nalt::tests
