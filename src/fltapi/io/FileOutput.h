@@ -10,7 +10,7 @@ class FileOutput : public Output {
 public:
   FileOutput(const FltFile& file, const std::string& path, int version);
 
-  bool isOpen() const { return target_.isOpen(); }
+  bool isOpen() const { return target_.ok(); }
   /// Puts the new file in the place of the old one. Without it the old one stays.
   bool commit();
 
