@@ -21,6 +21,8 @@ public:
 
   /// The shell in force. One is always installed before a Model exists.
   static Shell& get();
+  /// The camera that "Store View" keeps for "Recall View", as one line of text; shared by all models.
+  static std::string& storedView();
   /// Installs `shell` (not owned) and gives back the one before it, null at first.
   static Shell* install(Shell* shell);
 
@@ -55,6 +57,13 @@ public:
   virtual bool saveModelAs(const std::string& path, int version, bool synchronous) = 0;
   /// Asks about unsaved changes first (in a quiet run the preset answer counts). False when the user keeps the model.
   virtual bool closeModel() = 0;
+
+  // What the core tells the shell so that the window can follow; a shell without a window needs none of it.
+  /// Path, tab label or dirty state of `model` changed.
+  virtual void documentChanged(Model& /*model*/) {}
+  virtual void activeViewportChanged(Model& /*model*/) {}
+  /// Opens what was dropped on the window: paths or "file:" URIs, one in each line.
+  virtual void openDropped(const std::string& /*lines*/) {}
 };
 
 } // namespace nalt
