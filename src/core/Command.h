@@ -9,7 +9,8 @@ namespace nalt {
 /// One edit of a document, as an object that can take it back, do it again, and print the Lua lines that repeat it.
 ///
 /// A command describes what has happened already: a tool does the edit and hands the finished command to the model's
-/// CommandStack. Commands that hold records hold them by counted references, so what an edit took out of the tree lives on.
+/// CommandStack. Commands that hold records hold them by counted references, so what an edit took out of the tree lives
+/// on.
 class Command {
 public:
   Command() = default;

@@ -94,8 +94,10 @@ void CommandStack::clear()
 
 void CommandStack::replaceRecord(fltapi::Record& oldRecord, fltapi::Record& newRecord)
 {
-  for (const auto& command : undo_) command->replaceRecord(oldRecord, newRecord);
-  for (const auto& command : redo_) command->replaceRecord(oldRecord, newRecord);
+  for (const auto& command : undo_)
+    command->replaceRecord(oldRecord, newRecord);
+  for (const auto& command : redo_)
+    command->replaceRecord(oldRecord, newRecord);
 }
 
 } // namespace nalt

@@ -46,32 +46,35 @@ std::string valueText(const MacroParameter& parameter)
 
 MacroCommand::MacroCommand(const std::string& path, std::vector<MacroParameter> parameters)
     : Command("MacroCommand: " + path), path_(path), parameters_(std::move(parameters))
-{
-}
+{}
 
 void MacroCommand::undo()
 {
   const WaitCursor cursor;
   const QuietBlock quiet;
-  for (const auto& child : children_ | std::views::reverse) child->undo();
+  for (const auto& child : children_ | std::views::reverse)
+    child->undo();
 }
 
 void MacroCommand::redo()
 {
   const WaitCursor cursor;
   const QuietBlock quiet;
-  for (const auto& child : children_) child->redo();
+  for (const auto& child : children_)
+    child->redo();
 }
 
 void MacroCommand::replaceRecord(fltapi::Record& oldRecord, fltapi::Record& newRecord)
 {
-  for (const auto& child : children_) child->replaceRecord(oldRecord, newRecord);
+  for (const auto& child : children_)
+    child->replaceRecord(oldRecord, newRecord);
 }
 
 std::string MacroCommand::scriptText() const
 {
   std::string text = "nalt.executeMacro(" + luaText(path_);
-  for (const auto& parameter : parameters_) text += ", " + luaText(parameter.name) + ", " + valueText(parameter);
+  for (const auto& parameter : parameters_)
+    text += ", " + luaText(parameter.name) + ", " + valueText(parameter);
   return text + ")";
 }
 

@@ -10,8 +10,7 @@ public:
   /// @param title what the act is called, "Open Model" say
   ScriptCommand(const std::string& title, std::string script, std::string comment)
       : Command("Script Command: " + title), script_(std::move(script)), comment_(std::move(comment))
-  {
-  }
+  {}
 
   void undo() override {}
   void redo() override {}
