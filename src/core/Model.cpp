@@ -107,6 +107,11 @@ void Model::setDirty(bool dirty)
   Shell::get().documentChanged(*this);
 }
 
+void Model::followHistory()
+{
+  redrawViewports();
+}
+
 void Model::setActiveViewport(VPBase* viewport)
 {
   if (viewport == activeViewport_) return;

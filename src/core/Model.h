@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/CommandStack.h"
 #include "core/VPBase.h"
 
 #include <FL/Fl_Tile.H>
@@ -74,6 +75,10 @@ public:
   void removeAllViewports(bool destroy);
   void redrawViewports();
 
+  CommandStack& commandStack() { return commandStack_; }
+  /// Brings what depends on the edits up to date after one was undone or redone.
+  void followHistory();
+
   const DisplaySwitches& switches() const { return switches_; }
   /// Stores the switches and passes them on to every viewport.
   void setSwitches(const DisplaySwitches& switches);
@@ -89,6 +94,7 @@ private:
   std::vector<VPBase*> viewports_;
   VPBase* activeViewport_ = nullptr;
   DisplaySwitches switches_;
+  CommandStack commandStack_{*this};
 };
 
 /// Draws a label as it is: a file name may hold the "@" and "&" that FLTK would take for symbols and shortcuts.

@@ -2,10 +2,13 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 namespace nalt {
 
+class MacroCommand;
 class Model;
+class ScriptRecorder;
 
 /// What a message is about, so that the user can switch it off. `none` can't be switched off.
 enum class MessageId : std::uint32_t { none = 0, saveVersion = 7 };
@@ -62,8 +65,15 @@ public:
   /// Path, tab label or dirty state of `model` changed.
   virtual void documentChanged(Model& /*model*/) {}
   virtual void activeViewportChanged(Model& /*model*/) {}
+  /// What can be undone or redone in `model` changed.
+  virtual void historyChanged(Model& /*model*/) {}
   /// Opens what was dropped on the window: paths or "file:" URIs, one in each line.
   virtual void openDropped(const std::string& /*lines*/) {}
+
+  /// The script editor, null while there is none.
+  virtual ScriptRecorder* scriptRecorder() { return nullptr; }
+  /// Macros that are running, the innermost last: it takes the commands. Not owned.
+  std::vector<MacroCommand*> openMacros;
 };
 
 } // namespace nalt
