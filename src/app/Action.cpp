@@ -50,6 +50,16 @@ bool viewport(const Gui& gui)
   return model(gui) && gui.currentModel()->activeViewport() != nullptr;
 }
 
+bool undoable(const Gui& gui)
+{
+  return idleModel(gui) && !gui.currentModel()->commandStack().undoCommands().empty();
+}
+
+bool redoable(const Gui& gui)
+{
+  return idleModel(gui) && !gui.currentModel()->commandStack().redoCommands().empty();
+}
+
 bool recentFiles(const Gui& gui)
 {
   return !gui.recentFiles().paths().empty();

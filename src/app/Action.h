@@ -20,7 +20,9 @@ bool closable(const Gui& gui);      ///< the current model isn't being written
 bool revertable(const Gui& gui);    ///< the current model has a file to go back to
 bool severalModels(const Gui& gui); ///< at least two
 bool viewport(const Gui& gui);      ///< the current model has an active viewport
-bool recentFiles(const Gui& gui);   ///< there are files to open again
+bool undoable(const Gui& gui);
+bool redoable(const Gui& gui);
+bool recentFiles(const Gui& gui); ///< there are files to open again
 } // namespace when
 
 } // namespace nalt

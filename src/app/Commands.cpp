@@ -33,6 +33,11 @@ unsigned layersOf(const Gui& gui)
   return model ? model->switches().textureLayers : DisplaySwitches().textureLayers;
 }
 
+std::string nameOf(const char* verb, const CommandStack::Commands* commands)
+{
+  return commands && !commands->empty() ? verb + (" " + commands->back()->name()) : verb;
+}
+
 } // namespace
 
 void newModel(Gui& gui)
@@ -78,6 +83,28 @@ void closeAllModels(Gui& gui)
 void exit(Gui& gui)
 {
   gui.exitProgram();
+}
+
+void undo(Gui& gui)
+{
+  if (Model* model = gui.currentModel()) model->commandStack().undo();
+}
+
+void redo(Gui& gui)
+{
+  if (Model* model = gui.currentModel()) model->commandStack().redo();
+}
+
+std::string undoName(const Gui& gui)
+{
+  Model* model = gui.currentModel();
+  return nameOf("Undo", model ? &model->commandStack().undoCommands() : nullptr);
+}
+
+std::string redoName(const Gui& gui)
+{
+  Model* model = gui.currentModel();
+  return nameOf("Redo", model ? &model->commandStack().redoCommands() : nullptr);
 }
 
 void nextModel(Gui& gui)
@@ -149,6 +176,17 @@ void openRecent(Gui& gui, int place)
 {
   const std::vector<std::string>& paths = gui.recentFiles().paths();
   if (place < static_cast<int>(paths.size())) gui.openFiles({paths[static_cast<std::size_t>(place)]});
+}
+
+std::string recentLabel(const Gui& gui, int place)
+{
+  const std::vector<std::string>& paths = gui.recentFiles().paths();
+  if (place >= static_cast<int>(paths.size())) return "";
+  std::string label = "&" + std::to_string(place + 1) + ". ";
+  // A single "&" would underline the letter behind it.
+  for (const char c : paths[static_cast<std::size_t>(place)])
+    label += c == '&' ? std::string("&&") : std::string(1, c);
+  return label;
 }
 
 } // namespace nalt::commands

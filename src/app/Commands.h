@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 namespace nalt {
 
 class Gui;
@@ -17,6 +19,12 @@ void closeModel(Gui& gui);
 void closeAllModels(Gui& gui);
 void exit(Gui& gui);
 
+void undo(Gui& gui);
+void redo(Gui& gui);
+/// "Undo" with the name of what it takes back; the same for "Redo".
+std::string undoName(const Gui& gui);
+std::string redoName(const Gui& gui);
+
 void nextModel(Gui& gui);
 void previousModel(Gui& gui);
 void enableAllLayers(Gui& gui);
@@ -31,6 +39,8 @@ bool isMode(const Gui& gui, int number);
 void toggleLayer(Gui& gui, int layer);
 bool showsLayer(const Gui& gui, int layer);
 void openRecent(Gui& gui, int place);
+/// Empty when there are fewer files.
+std::string recentLabel(const Gui& gui, int place);
 
 template <int number>
 void mode(Gui& gui)
@@ -60,6 +70,12 @@ template <int place>
 void recent(Gui& gui)
 {
   openRecent(gui, place);
+}
+
+template <int place>
+std::string recentName(const Gui& gui)
+{
+  return recentLabel(gui, place);
 }
 
 } // namespace commands

@@ -14,11 +14,7 @@ constexpr double readingShare = 85.0;
 
 } // namespace
 
-DatabaseHost::DatabaseHost(Gui& gui)
-    : gui_(gui),
-      before_(fltapi::Host::install(this))
-{
-}
+DatabaseHost::DatabaseHost(Gui& gui) : gui_(gui), before_(fltapi::Host::install(this)) {}
 
 DatabaseHost::~DatabaseHost()
 {

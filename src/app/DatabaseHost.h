@@ -6,7 +6,8 @@ namespace nalt {
 
 class Gui;
 
-/// Lets the record database speak through the program's messages and progress window, on the main thread and on workers.
+/// Lets the record database speak through the program's messages and progress window, on the main thread and on
+/// workers.
 class DatabaseHost : public fltapi::Host {
 public:
   explicit DatabaseHost(Gui& gui);

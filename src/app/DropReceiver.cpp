@@ -12,10 +12,7 @@ namespace {
 /// Never shown; FLTK sends the text of a drop to the widget that it takes for the one below the mouse.
 class Receiver : public Fl_Widget {
 public:
-  Receiver()
-      : Fl_Widget(0, 0, 0, 0)
-  {
-  }
+  Receiver() : Fl_Widget(0, 0, 0, 0) {}
   void draw() override {}
   int handle(int event) override
   {

@@ -1,5 +1,7 @@
 #include "app/FileDialogs.h"
 
+#include "platform/Paths.h"
+
 #include <FL/Fl_Native_File_Chooser.H>
 
 #include <algorithm>
@@ -14,14 +16,9 @@ namespace {
 std::string fltkFilter(const std::vector<FileFilter>& filters)
 {
   std::string text;
-  for (const FileFilter& filter : filters) text += std::string(filter.description) + '\t' + filter.pattern + '\n';
+  for (const FileFilter& filter : filters)
+    text += std::string(filter.description) + '\t' + filter.pattern + '\n';
   return text;
-}
-
-std::string folderOf(const std::string& path)
-{
-  const auto separator = path.find_last_of('/');
-  return separator == std::string::npos ? "" : path.substr(0, separator + 1);
 }
 
 std::string lowerCase(std::string text)
@@ -40,7 +37,8 @@ std::vector<std::string> endingsOf(const std::string& pattern)
   std::erase_if(list, [](char c) { return c == '{' || c == '}'; });
   std::vector<std::string> endings;
   std::istringstream stream(list);
-  for (std::string ending; std::getline(stream, ending, ',');) endings.push_back(ending);
+  for (std::string ending; std::getline(stream, ending, ',');)
+    endings.push_back(ending);
   return endings;
 }
 
@@ -72,7 +70,7 @@ const std::vector<FileFilter>& importFilters()
 
 bool isImportPath(const std::string& path)
 {
-  const std::string name = path.substr(folderOf(path).size());
+  const std::string name = fileNamePart(path);
   const auto dot = name.find_last_of('.');
   if (dot == std::string::npos) return false;
   const std::vector<std::string> endings = endingsOf(importFilters().back().pattern);
@@ -89,8 +87,9 @@ std::vector<std::string> FileDialogs::chooseToRead(const char* title, const std:
   if (!folder_.empty()) chooser.directory(folder_.c_str());
   if (chooser.show() != 0) return {};
   std::vector<std::string> paths;
-  for (int i = 0; i < chooser.count(); ++i) paths.emplace_back(chooser.filename(i));
-  if (!paths.empty()) folder_ = folderOf(paths.back());
+  for (int i = 0; i < chooser.count(); ++i)
+    paths.emplace_back(chooser.filename(i));
+  if (!paths.empty()) folder_ = folderPart(paths.back());
   return paths;
 }
 
@@ -104,7 +103,7 @@ std::string FileDialogs::chooseToWrite(const char* title, const std::vector<File
   if (!proposal.empty()) chooser.preset_file(proposal.c_str());
   if (chooser.show() != 0 || !chooser.filename()) return "";
   const std::string path = chooser.filename();
-  folder_ = folderOf(path);
+  folder_ = folderPart(path);
   return path;
 }
 

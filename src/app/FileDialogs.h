@@ -20,7 +20,8 @@ bool isImportPath(const std::string& path);
 class FileDialogs {
 public:
   /// The files that were chosen, none when the user gave up.
-  std::vector<std::string> chooseToRead(const char* title, const std::vector<FileFilter>& filters, std::size_t preset = 0);
+  std::vector<std::string> chooseToRead(const char* title, const std::vector<FileFilter>& filters,
+                                        std::size_t preset = 0);
   /// Empty when the user gave up. `proposal` is a file name.
   std::string chooseToWrite(const char* title, const std::vector<FileFilter>& filters, const std::string& proposal);
 

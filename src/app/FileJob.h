@@ -27,15 +27,15 @@ struct FileJob {
 
   FileOperationKind kind;
   std::string path;
-  bool buildScene = false;       ///< false in a run without windows
-  std::unique_ptr<Model> built;  ///< the model under construction of open, revert and import
-  Model* saved = nullptr;        ///< the model that a save writes; the main window ignores input meanwhile
-  int version = 0;               ///< that a save writes
+  bool buildScene = false;         ///< false in a run without windows
+  std::unique_ptr<Model> built;    ///< the model under construction of open, revert and import
+  Model* saved = nullptr;          ///< the model that a save writes; the main window ignores input meanwhile
+  int version = 0;                 ///< that a save writes
   std::unique_ptr<Model> replaced; ///< the model that a revert loads anew; comes back if that fails
   std::vector<VPBase*> viewports;  ///< of `replaced`, without a model for the time being; owned
 
   std::atomic<Outcome> outcome{Outcome::running};
-  std::atomic<double> progress{0.0}; ///< 0 to 100
+  std::atomic<double> progress{0.0};   ///< 0 to 100
   std::vector<QueuedMessage> errors;   ///< why it failed; shown first
   std::vector<QueuedMessage> warnings; ///< what else there is to say
 
@@ -50,10 +50,10 @@ struct FileJob {
 /// What is to be known of a kind of file operation.
 struct FileOperation {
   FileOperationKind kind;
-  const char* title;         ///< of the file dialog
-  const char* progressText;  ///< "%s" stands for the path
-  const char* threadTag;     ///< in front of the system's reason when no thread can be made
-  void (*work)(FileJob&);    ///< runs on the worker: no FLTK, and no model but its own
+  const char* title;        ///< of the file dialog
+  const char* progressText; ///< "%s" stands for the path
+  const char* threadTag;    ///< in front of the system's reason when no thread can be made
+  void (*work)(FileJob&);   ///< runs on the worker: no FLTK, and no model but its own
 };
 
 const FileOperation& fileOperation(FileOperationKind kind);

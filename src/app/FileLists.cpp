@@ -1,5 +1,6 @@
 #include "app/FileLists.h"
 
+#include <algorithm>
 #include <charconv>
 #include <sstream>
 
@@ -55,7 +56,8 @@ std::string withOpenFlightSuffix(const std::string& path)
 FileLists sortFiles(const std::vector<std::string>& paths)
 {
   FileLists lists;
-  for (const std::string& path : paths) (isOpenFlightPath(path) ? lists.open : lists.import).push_back(path);
+  for (const std::string& path : paths)
+    (isOpenFlightPath(path) ? lists.open : lists.import).push_back(path);
   return lists;
 }
 
@@ -69,26 +71,6 @@ std::vector<std::string> pathsOfDrop(const std::string& lines)
     paths.push_back(line.starts_with("file:") ? pathOfUri(line) : line);
   }
   return paths;
-}
-
-std::string absolutePath(const std::string& path, const std::string& current)
-{
-  if (path.empty() || path.front() == '/') return path;
-  std::string folder = current;
-  std::string rest = path;
-  while (true) {
-    if (rest.starts_with("./")) {
-      rest.erase(0, 2);
-    } else if (rest.starts_with("../")) {
-      rest.erase(0, 3);
-      const auto separator = folder.find_last_of('/');
-      folder.erase(separator == std::string::npos ? 0 : separator);
-    } else {
-      break;
-    }
-  }
-  if (!folder.ends_with('/')) folder += '/';
-  return folder + rest;
 }
 
 } // namespace nalt

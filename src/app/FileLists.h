@@ -21,7 +21,4 @@ FileLists sortFiles(const std::vector<std::string>& paths);
 /// The paths in a drop: one path or "file:" URI in each line, URIs with their "%20" and host taken out.
 std::vector<std::string> pathsOfDrop(const std::string& lines);
 
-/// `path` as seen from the root, with the "." and ".." at its front taken away; relative to the folder `current`.
-std::string absolutePath(const std::string& path, const std::string& current);
-
 } // namespace nalt

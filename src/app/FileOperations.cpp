@@ -4,9 +4,9 @@
 #include "app/Gui.h"
 #include "app/GuiWidgets.h"
 #include "core/Model.h"
-#include "core/TabLabel.h"
 #include "fltapi/FltFile.h"
 #include "fltapi/VersionText.h"
+#include "platform/Paths.h"
 
 #include <FL/Fl.H>
 #include <FL/Fl_Double_Window.H>
@@ -32,10 +32,7 @@ bool exists(const std::string& path)
 
 } // namespace
 
-FileOperations::FileOperations(Gui& gui)
-    : gui_(gui)
-{
-}
+FileOperations::FileOperations(Gui& gui) : gui_(gui) {}
 
 FileOperations::~FileOperations()
 {
@@ -78,7 +75,7 @@ bool FileOperations::save(Model& model, const std::string& path, int version, bo
     return false;
   }
   if (version != fltapi::currentVersion) {
-    gui_.info(fileNameOf(path) + " will be saved with OpenFlight version " + fltapi::versionText(version) + ".",
+    gui_.info(fileNamePart(path) + " will be saved with OpenFlight version " + fltapi::versionText(version) + ".",
               /*append=*/false, MessageId::saveVersion);
   }
   auto job = makeJob(FileOperationKind::save, path);
@@ -238,7 +235,7 @@ void FileOperations::chooseAndImport()
 std::string FileOperations::chooseSavePath(const Model& model)
 {
   const std::string chosen = saveDialog_.chooseToWrite(fileOperation(FileOperationKind::save).title, openFlightFilter,
-                                                       fileNameOf(model.path()));
+                                                       fileNamePart(model.path()));
   if (chosen.empty()) return "";
   const std::string path = withOpenFlightSuffix(chosen);
   return mayOverwrite(path) ? path : "";
@@ -262,7 +259,8 @@ bool FileOperations::isSaving(const Model& model) const
 
 void FileOperations::waitUntilIdle()
 {
-  while (busy()) Fl::wait();
+  while (busy())
+    Fl::wait();
 }
 
 } // namespace nalt

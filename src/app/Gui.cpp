@@ -13,6 +13,7 @@
 #include "scene/view/ViewportLayout.h"
 
 #include <FL/Fl.H>
+#include <FL/Fl_Button.H>
 #include <FL/Fl_Double_Window.H>
 #include <FL/Fl_Tabs.H>
 
@@ -28,10 +29,7 @@ constexpr int tabRow = 15; // pixels of the tabs' own at the top of their area
 } // namespace
 
 Gui::Gui(bool headless)
-    : headless_(headless),
-      mainThread_(pthread_self()),
-      shellBefore_(Shell::install(this)),
-      files_(*this)
+    : headless_(headless), mainThread_(pthread_self()), shellBefore_(Shell::install(this)), files_(*this)
 {
   // Without a window the tabs are just the list of models.
   if (headless_) GuiWidgets::get().tabs = new Fl_Tabs(0, 0, 0, 0);
@@ -40,7 +38,8 @@ Gui::Gui(bool headless)
 
 Gui::~Gui()
 {
-  while (modelCount() > 0) removeModel(*modelAt(0));
+  while (modelCount() > 0)
+    removeModel(*modelAt(0));
   if (headless_) {
     delete GuiWidgets::get().tabs;
     GuiWidgets::get().tabs = nullptr;
@@ -83,7 +82,8 @@ Model& Gui::addModel(std::unique_ptr<Model> owned, const std::vector<VPBase*>& v
     if (viewports.empty()) {
       createViewports(model, Preferences::get().viewportCount);
     } else {
-      for (VPBase* viewport : viewports) model.add(viewport->widget());
+      for (VPBase* viewport : viewports)
+        model.add(viewport->widget());
       model.init_sizes();
       model.bindViewports();
       model.setActiveViewport(viewports.front());
@@ -121,10 +121,17 @@ void Gui::showModel(Model* model)
   current_ = model;
   if (headless_) return;
   GuiWidgets& widgets = GuiWidgets::get();
-  if (model) widgets.tabs->value(model);
-  widgets.tabs->redraw();
+  if (model) {
+    widgets.tabs->value(model);
+    widgets.tabs->show();
+    widgets.closeModelButton->show();
+  } else {
+    widgets.tabs->hide();
+    widgets.closeModelButton->hide();
+  }
   if (model && widgets.mainWindow->shown()) {
-    for (VPBase* viewport : model->viewports()) viewport->widget().show();
+    for (VPBase* viewport : model->viewports())
+      viewport->widget().show();
     if (model->activeViewport()) model->activeViewport()->widget().take_focus();
   }
   widgets.modelGroup->redraw();
@@ -166,12 +173,14 @@ bool Gui::openModel(const std::string& path, bool synchronous)
 
 void Gui::openFiles(const std::vector<std::string>& paths)
 {
-  for (const std::string& path : paths) files_.open(path, /*synchronous=*/false);
+  for (const std::string& path : paths)
+    files_.open(path, /*synchronous=*/false);
 }
 
 void Gui::importFiles(const std::vector<std::string>& paths)
 {
-  for (const std::string& path : paths) files_.import(path, /*synchronous=*/false);
+  for (const std::string& path : paths)
+    files_.import(path, /*synchronous=*/false);
 }
 
 void Gui::openDropped(const std::string& lines)
@@ -292,6 +301,11 @@ void Gui::documentChanged(Model& model)
 }
 
 void Gui::activeViewportChanged(Model& model)
+{
+  if (&model == current_) updateWidgets();
+}
+
+void Gui::historyChanged(Model& model)
 {
   if (&model == current_) updateWidgets();
 }

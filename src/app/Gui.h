@@ -66,6 +66,7 @@ public:
   bool closeModel() override;
   void documentChanged(Model& model) override;
   void activeViewportChanged(Model& model) override;
+  void historyChanged(Model& model) override;
   void openDropped(const std::string& lines) override;
 
   // What menus and buttons call

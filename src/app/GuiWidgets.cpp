@@ -15,7 +15,7 @@ GuiWidgets& GuiWidgets::get()
 
 void centreOverMainWindow(Fl_Window& window)
 {
-  const Fl_Window* over = GuiWidgets::get().mainWindow;
+  Fl_Window* over = GuiWidgets::get().mainWindow;
   int x = 0, y = 0, w = 0, h = 0;
   if (over && over->shown()) {
     Fl::screen_work_area(x, y, w, h, over->x() + over->w() / 2, over->y() + over->h() / 2);

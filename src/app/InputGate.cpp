@@ -28,7 +28,8 @@ bool isInput(int event)
 
 bool isInMainWindow(const Fl_Window* window)
 {
-  while (window && window->window()) window = window->window();
+  while (window && window->window())
+    window = window->window();
   return window && window == GuiWidgets::get().mainWindow;
 }
 

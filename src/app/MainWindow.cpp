@@ -9,6 +9,7 @@
 
 #include <FL/Fl.H>
 #include <FL/Fl_Box.H>
+#include <FL/Fl_Button.H>
 #include <FL/Fl_Double_Window.H>
 #include <FL/Fl_Menu_Bar.H>
 #include <FL/Fl_Output.H>
@@ -106,12 +107,15 @@ void buildStatusArea(GuiWidgets& widgets)
   for (const Column& column : {Column{"Previous:", 95, widgets.previous}, Column{"Current:", 215, widgets.current},
                                Column{"Delta:", 335, widgets.delta}}) {
     addLabel(column.x, 632, 120, 18, column.title);
-    for (int i = 0; i < 3; ++i) column.fields[static_cast<std::size_t>(i)] = addOutput(column.x, rows[i]);
+    for (int i = 0; i < 3; ++i)
+      column.fields[static_cast<std::size_t>(i)] = addOutput(column.x, rows[i]);
   }
   // The row in the middle is typed by tools, not by the user: selected text must not stand out.
-  for (Fl_Output* field : widgets.current) field->selection_color(field->color());
+  for (Fl_Output* field : widgets.current)
+    field->selection_color(field->color());
   constexpr const char* axes[] = {"X", "Y", "Z"};
-  for (int i = 0; i < 3; ++i) addLabel(80, rows[i], 15, 20, axes[i]);
+  for (int i = 0; i < 3; ++i)
+    addLabel(80, rows[i], 15, 20, axes[i]);
 
   addLabel(460, 632, 120, 18, "Distance:");
   widgets.distance = addOutput(460, 650);
@@ -119,7 +123,8 @@ void buildStatusArea(GuiWidgets& widgets)
   widgets.selections = addOutput(590, 650);
   addLabel(460, 671, 120, 18, "Grid Alignment:");
   constexpr const char* planes[] = {"XY", "XZ", "YZ"};
-  constexpr const char* planeTips[] = {"Align Grid To XY (not in this version)", "Align Grid To XZ (not in this version)",
+  constexpr const char* planeTips[] = {"Align Grid To XY (not in this version)",
+                                       "Align Grid To XZ (not in this version)",
                                        "Align Grid To YZ (not in this version)"};
   for (int i = 0; i < 3; ++i) {
     Fl_Button* button = addButton(460 + 28 * i, 690, 28, 20, planes[i], planeTips[i]);
@@ -146,7 +151,7 @@ void buildRightPanel(GuiWidgets& widgets)
     const char* tooltip;
   };
   constexpr Entry entries[] = {
-      {"COL", "Current Color (not in this version)"},    {"TEX", "Current Texture (not in this version)"},
+      {"COL", "Current Color (not in this version)"},           {"TEX", "Current Texture (not in this version)"},
       {"TXM", "Current Texture Mapping (not in this version)"}, {"MAT", "Current Material (not in this version)"},
       {"LPT", "Current Light Point (not in this version)"},     {"SHD", "Current Shader (not in this version)"},
   };
@@ -186,8 +191,8 @@ void closeRequested(Fl_Widget*, void*)
 void buildMainWindow()
 {
   GuiWidgets& widgets = GuiWidgets::get();
-  auto* window = new Fl_Double_Window(Fl::w() / 2 - windowWidth / 2, Fl::h() / 2 - windowHeight / 2, windowWidth,
-                                      windowHeight);
+  auto* window =
+      new Fl_Double_Window(Fl::w() / 2 - windowWidth / 2, Fl::h() / 2 - windowHeight / 2, windowWidth, windowHeight);
   window->copy_label("Nalt");
   window->xclass("nalt");
   window->callback(closeRequested);

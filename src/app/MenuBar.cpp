@@ -11,9 +11,9 @@
 #include <FL/Fl.H>
 #include <FL/Fl_Menu_Bar.H>
 
-#include <array>
 #include <cstring>
 #include <deque>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -26,16 +26,16 @@ constexpr int barHeight = 23;
 constexpr int barTextSize = 10;
 constexpr int textSize = 11;
 
-/// The menu as FLTK wants it. Once built it stays where it is: FLTK keeps pointers into it while a menu is open, so that
-/// only marks and names may change.
+/// The menu as FLTK wants it. Once built it stays where it is: FLTK keeps pointers into it while a menu is open, so
+/// that only marks and names may change.
 struct Menu {
   std::vector<Fl_Menu_Item> items;
-  std::vector<const MenuRow*> rows;   ///< for each item, null for those from other tables
+  std::vector<const MenuRow*> rows; ///< for each item, null for those from other tables
   std::vector<const ToolButton*> tools;
   std::size_t firstViewportItem = 0;
   std::size_t viewportItems = 0;
-  std::array<std::string, RecentFiles::limit> recentLabels;
-  std::deque<std::string> texts; ///< labels made at run time
+  std::map<std::size_t, std::string> labels; ///< of the items whose name changes
+  std::deque<std::string> texts;             ///< other labels made at run time
 };
 
 Menu& theMenu()
@@ -102,8 +102,8 @@ void addTools(Menu& menu)
     }
     // A "/" is no path here: the items are handed over as they are.
     menu.texts.push_back(std::string(tool.tooltip) + (tool.hasPanel ? "..." : ""));
-    add(menu,
-        {menu.texts.back().c_str(), 0, pickedTool, userData(tool), 0, 0, FL_HELVETICA, textSize, 0}, nullptr, &tool);
+    add(menu, {menu.texts.back().c_str(), 0, pickedTool, userData(tool), 0, 0, FL_HELVETICA, textSize, 0}, nullptr,
+        &tool);
   }
   add(menu, Fl_Menu_Item());
 }
@@ -114,7 +114,8 @@ void addViewportMenu(Menu& menu)
   items.pop_back(); // the end mark is a row of the table
   menu.firstViewportItem = menu.items.size();
   menu.viewportItems = items.size();
-  for (const Fl_Menu_Item& item : items) add(menu, item);
+  for (const Fl_Menu_Item& item : items)
+    add(menu, item);
 }
 
 void addRow(Menu& menu, const MenuRow& row)
@@ -156,32 +157,23 @@ void setValue(Fl_Menu_Item& item, bool value)
     item.clear();
 }
 
-void updateRecent(Menu& menu, const Gui& gui)
+void setText(Menu& menu, std::size_t i, const std::string& text)
 {
-  const std::vector<std::string>& paths = gui.recentFiles().paths();
-  std::size_t place = 0;
-  for (std::size_t i = 0; i < menu.items.size(); ++i) {
-    if (!menu.rows[i] || !menu.rows[i]->label || std::strcmp(menu.rows[i]->label, "&1. ") != 0) continue;
-    for (; place < RecentFiles::limit; ++place, ++i) {
-      std::string& label = menu.recentLabels[place];
-      label = menu.rows[i]->label;
-      if (place < paths.size())
-        for (const char c : paths[place]) label += c == '&' ? std::string("&&") : std::string(1, c);
-      menu.items[i].label(label.c_str());
-      if (place < paths.size())
-        menu.items[i].show();
-      else
-        menu.items[i].hide();
-    }
-    return;
-  }
+  std::string& label = menu.labels[i];
+  label = text;
+  menu.items[i].label(label.c_str());
+  if (text.empty())
+    menu.items[i].hide();
+  else
+    menu.items[i].show();
 }
 
 /// Takes marks and states over from the menu that `viewport` would pop up.
 void updateViewportMenu(Menu& menu, const Viewport* viewport)
 {
   const std::vector<Fl_Menu_Item> now = viewportMenu(viewport, pickedViewportAction);
-  for (std::size_t i = 0; i < menu.viewportItems; ++i) menu.items[menu.firstViewportItem + i].flags = now[i].flags;
+  for (std::size_t i = 0; i < menu.viewportItems; ++i)
+    menu.items[menu.firstViewportItem + i].flags = now[i].flags;
 }
 
 } // namespace
@@ -190,7 +182,8 @@ void buildMenuBar(GuiWidgets& widgets)
 {
   Menu& menu = theMenu();
   menu = Menu();
-  for (const MenuRow& row : menuRows()) addRow(menu, row);
+  for (const MenuRow& row : menuRows())
+    addRow(menu, row);
   add(menu, Fl_Menu_Item());
 
   widgets.menuBar = new Fl_Menu_Bar(0, 0, barWidth, barHeight);
@@ -207,11 +200,11 @@ void updateMenuBar(const Gui& gui)
       const bool isTitle = row->kind == MenuRow::Kind::submenu;
       if (row->kind != MenuRow::Kind::end) setActive(menu.items[i], (isTitle || row->run) && row->enabled(gui));
       if (row->isOn) setValue(menu.items[i], row->isOn(gui));
+      if (row->text) setText(menu, i, row->text(gui));
     } else if (const ToolButton* tool = menu.tools[i]) {
       setActive(menu.items[i], tool->run && tool->enabled(gui));
     }
   }
-  updateRecent(menu, gui);
   updateViewportMenu(menu, activeViewport());
 }
 

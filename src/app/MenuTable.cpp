@@ -33,6 +33,11 @@ constexpr MenuRow check(const char* label, int shortcut, Operation run, bool (*i
   return {MenuRow::Kind::entry, label, shortcut, run, enabled, isOn, flags};
 }
 
+constexpr MenuRow named(std::string (*text)(const Gui&), int shortcut, Operation run, Condition enabled, int flags = 0)
+{
+  return {MenuRow::Kind::entry, "", shortcut, run, enabled, nullptr, flags, text};
+}
+
 template <int number>
 constexpr MenuRow mode(const char* label, int key)
 {
@@ -62,10 +67,10 @@ const MenuRow rows[] = {
     entry("Rever&t Textures", 0, later, when::always, divider),
     entry("External Re&ferences...", 0, later, when::always, divider),
     menu("O&pen Recent", when::recentFiles),
-    entry("&1. ", 0, commands::recent<0>),
-    entry("&2. ", 0, commands::recent<1>),
-    entry("&3. ", 0, commands::recent<2>),
-    entry("&4. ", 0, commands::recent<3>),
+    named(commands::recentName<0>, 0, commands::recent<0>, when::always),
+    named(commands::recentName<1>, 0, commands::recent<1>, when::always),
+    named(commands::recentName<2>, 0, commands::recent<2>, when::always),
+    named(commands::recentName<3>, 0, commands::recent<3>, when::always),
     end,
     entry("&Save", ctrl | 's', commands::save, when::model),
     entry("Save &As...", ctrl | shift | 's', commands::saveAs, when::model, divider),
@@ -77,8 +82,8 @@ const MenuRow rows[] = {
     end,
 
     menu("&Edit"),
-    entry("Undo", ctrl | 'z', later),
-    entry("Redo", ctrl | 'y', later, when::always, divider),
+    named(commands::undoName, ctrl | 'z', commands::undo, when::undoable),
+    named(commands::redoName, ctrl | 'y', commands::redo, when::redoable, divider),
     entry("Cu&t", ctrl | 'x', later),
     entry("&Copy", ctrl | 'c', later),
     entry("&Paste", ctrl | 'v', later),

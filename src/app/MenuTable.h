@@ -3,11 +3,12 @@
 #include "app/Action.h"
 
 #include <span>
+#include <string>
 
 namespace nalt {
 
-/// One row of the menus, in their order: the title of a submenu, an entry, a place that is filled from elsewhere, or the
-/// end of a submenu.
+/// One row of the menus, in their order: the title of a submenu, an entry, a place that is filled from elsewhere, or
+/// the end of a submenu.
 struct MenuRow {
   enum class Kind { submenu, entry, toolGroups, viewportMenu, macros, end };
 
@@ -18,6 +19,8 @@ struct MenuRow {
   Condition enabled = when::always;
   bool (*isOn)(const Gui&) = nullptr; ///< for check marks
   int flags = 0;                      ///< FLTK's
+  /// What stands there instead of `label`, for a name that changes; the entry is hidden while it is empty.
+  std::string (*text)(const Gui&) = nullptr;
 };
 
 std::span<const MenuRow> menuRows();

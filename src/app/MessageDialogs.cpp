@@ -54,8 +54,7 @@ class Dialog {
 public:
   Dialog(const char* title, const char* picture, const std::string& text, std::initializer_list<Choice> choices,
          Answer otherwise, bool canSilence)
-      : text_(text),
-        answer_(otherwise)
+      : text_(text), answer_(otherwise)
   {
     const Size size = sizeOfText(text);
     const int w = margin + iconSize + margin + size.w + margin;
@@ -136,7 +135,8 @@ Answer showQuestion(const std::string& text, bool withCancel)
                   {{"&Yes", Answer::yes}, {"&No", Answer::no}, {"Cancel", Answer::cancel}}, Answer::cancel, false)
         .run();
   }
-  return Dialog("Question", "dialog-question", text, {{"&Yes", Answer::yes}, {"&No", Answer::no}}, Answer::no, false).run();
+  return Dialog("Question", "dialog-question", text, {{"&Yes", Answer::yes}, {"&No", Answer::no}}, Answer::no, false)
+      .run();
 }
 
 } // namespace nalt

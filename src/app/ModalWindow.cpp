@@ -8,8 +8,7 @@
 
 namespace nalt {
 
-ModalWindow::ModalWindow(int w, int h, const char* title)
-    : Fl_Double_Window(w, h, title)
+ModalWindow::ModalWindow(int w, int h, const char* title) : Fl_Double_Window(w, h, title)
 {
   set_modal();
 }
@@ -18,7 +17,8 @@ void ModalWindow::runModal()
 {
   centreOverMainWindow(*this);
   show();
-  while (shown()) Fl::wait();
+  while (shown())
+    Fl::wait();
 }
 
 } // namespace nalt

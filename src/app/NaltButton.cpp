@@ -13,8 +13,7 @@ constexpr int pictureSize = 24;
 
 }
 
-NaltButton::NaltButton(int x, int y, const char* picture, const char* tooltipText)
-    : Fl_Button(x, y, size, size)
+NaltButton::NaltButton(int x, int y, const char* picture, const char* tooltipText) : Fl_Button(x, y, size, size)
 {
   image(icon(picture, pictureSize));
   deimage(disabledIcon(picture, pictureSize));

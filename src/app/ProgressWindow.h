@@ -9,8 +9,8 @@ class Fl_Progress;
 
 namespace nalt {
 
-/// Says what the program is busy with and how far it has come. It doesn't lock the other windows: the main window ignores
-/// input by itself while an operation runs.
+/// Says what the program is busy with and how far it has come. It doesn't lock the other windows: the main window
+/// ignores input by itself while an operation runs.
 class ProgressWindow : public Fl_Double_Window {
 public:
   ProgressWindow();

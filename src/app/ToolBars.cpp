@@ -27,8 +27,8 @@ const ToolButton upperButtons[] = {
     {"Edit", "Cut", "cut", later},
     {"Edit", "Copy", "copy", later},
     {"Edit", "Paste", "paste", later},
-    {"Undo", "Undo", "undo", later},
-    {"Undo", "Redo", "redo", later},
+    {"Undo", "Undo", "undo", commands::undo, when::undoable, nullptr, Kind::push, false, commands::undoName},
+    {"Undo", "Redo", "redo", commands::redo, when::redoable, nullptr, Kind::push, false, commands::redoName},
     {"Mode", "Vertex Mode", "mode-vertex", commands::mode<1>, when::always, commands::isMode<1>, Kind::radio},
     {"Mode", "Edge Mode", "mode-edge", commands::mode<2>, when::always, commands::isMode<2>, Kind::radio},
     {"Mode", "Polygon Mode", "mode-polygon", commands::mode<3>, when::always, commands::isMode<3>, Kind::radio},
@@ -37,10 +37,12 @@ const ToolButton upperButtons[] = {
     {"Mode", "LOD Mode", "mode-lod", commands::mode<6>, when::always, commands::isMode<6>, Kind::radio},
     {"Mode", "DOF Mode", "mode-dof", commands::mode<7>, when::always, commands::isMode<7>, Kind::radio},
     {"Mode", "Switch Mode", "mode-switch", commands::mode<9>, when::always, commands::isMode<9>, Kind::radio},
-    {"Mode", "Light Point Mode", "mode-lightpoint", commands::mode<10>, when::always, commands::isMode<10>, Kind::radio},
+    {"Mode", "Light Point Mode", "mode-lightpoint", commands::mode<10>, when::always, commands::isMode<10>,
+     Kind::radio},
     {"Mode", "Light Point System Mode", "mode-lightpointsystem", commands::mode<12>, when::always, commands::isMode<12>,
      Kind::radio},
-    {"Mode", "External Reference Mode", "mode-external", commands::mode<8>, when::always, commands::isMode<8>, Kind::radio},
+    {"Mode", "External Reference Mode", "mode-external", commands::mode<8>, when::always, commands::isMode<8>,
+     Kind::radio},
     {"View", "Shrink Polygons", "shrink", later, when::viewport, nullptr, Kind::toggle},
     {"View", "Show Normals", "normals", later, when::viewport, nullptr, Kind::toggle},
     {"View", "Show Vertices Large", "vertices-large", commands::toggleLargeVertices, when::viewport,
@@ -239,6 +241,7 @@ void updateToolBars(const Gui& gui)
       button->activate();
     else
       button->deactivate();
+    if (row->text) button->copy_tooltip(row->text(gui).c_str());
     if (row->kind != Kind::push) button->value(row->isOn && row->isOn(gui) ? 1 : 0);
   }
 }

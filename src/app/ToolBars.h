@@ -3,6 +3,7 @@
 #include "app/Action.h"
 
 #include <span>
+#include <string>
 
 namespace nalt {
 
@@ -15,11 +16,12 @@ struct ToolButton {
   const char* group;   ///< its title in the left tool bar and, with "&" in front, its submenu of Tools
   const char* tooltip; ///< and its name in menus
   const char* icon;
-  Operation run;       ///< null: its work isn't in the program yet
+  Operation run; ///< null: its work isn't in the program yet
   Condition enabled = when::always;
   bool (*isOn)(const Gui&) = nullptr;
   Kind kind = Kind::push;
-  bool hasPanel = false; ///< opens a panel with values, so its menu label ends in "..."
+  bool hasPanel = false;                     ///< opens a panel with values, so its menu label ends in "..."
+  std::string (*text)(const Gui&) = nullptr; ///< the tooltip when it changes
 };
 
 std::span<const ToolButton> upperToolBar();
