@@ -87,6 +87,7 @@ public:
   void resize(int x, int y, int w, int h) override;
 
 private:
+  osg::ref_ptr<fltapi::FltFile> file_;
   osg::ref_ptr<osg::Group> scene_;
   std::string path_;
   bool dirty_ = false;
