@@ -35,12 +35,13 @@ struct FltNode {
   bool operator==(const FltNode& other) const { return node == other.node; }
 };
 
-/// Serial numbers differ for different records, so they spread elements well, and order them the same way in every run.
+/// Serial numbers are all different, and elements that are used together have neighbouring ones: as they stand they
+/// give the hash table's memory the order of the model.
 struct ElementHash {
   template <class Element>
   std::size_t operator()(const Element& element) const
   {
-    return std::size_t{element.serial()} * 0x9e3779b97f4a7c15u;
+    return element.serial();
   }
 };
 

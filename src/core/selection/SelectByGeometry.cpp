@@ -13,6 +13,7 @@
 #include <bit>
 #include <cmath>
 #include <numbers>
+#include <span>
 
 // Selections by where corners lie: at a place, on slivers, along open borders.
 
@@ -25,7 +26,13 @@ std::unique_ptr<Selection> inScope(Model& model, SelectionMode mode)
 {
   auto result = Selection::make(mode);
   for (const auto& [family, selection] : model.selections().current().families()) {
-    if (const auto converted = selection->convert(mode)) result->add(*converted);
+    auto converted = selection->convert(mode);
+    if (!converted) continue;
+    if (result->empty()) {
+      result = std::move(converted);
+    } else {
+      result->add(*converted);
+    }
   }
   if (model.selections().empty() && model.fltFile() && model.fltFile()->header()) {
     collect(*model.fltFile()->header(), *result);
@@ -92,13 +99,33 @@ bool isNear(const osg::Vec3d& a, const osg::Vec3d& b, double tolerance)
 /// An edge under a key that doesn't depend on its direction.
 struct KeyedEdge {
   std::uint64_t key;
+  double endPlace; ///< of the second end, on a line that no grid is aligned with
   const FltEdge* edge;
 };
+
+/// A line on which points that are near each other have near places, and few others do.
+double placeOnLine(const osg::Vec3d& point)
+{
+  return point.x() * 0.5773 + point.y() * 0.7071 + point.z() * 0.4142;
+}
 
 bool runsAgainst(const FltEdge& a, const FltEdge& b, double tolerance)
 {
   return isNear(a.from->position(), b.to->position(), tolerance) &&
          isNear(a.to->position(), b.from->position(), tolerance);
+}
+
+/// Whether one of the edges under the same key, ordered by where they end, ends where `edge` begins and begins where it
+/// ends.
+bool hasNeighbour(const FltEdge& edge, std::span<const KeyedEdge> sameKey, double tolerance)
+{
+  const double place = placeOnLine(edge.from->position());
+  const double reach = 2 * tolerance;
+  auto other = std::ranges::lower_bound(sameKey, place - reach, {}, &KeyedEdge::endPlace);
+  for (; other != sameKey.end() && other->endPlace <= place + reach; ++other) {
+    if (other->edge != &edge && runsAgainst(edge, *other->edge, tolerance)) return true;
+  }
+  return false;
 }
 
 } // namespace
@@ -107,19 +134,19 @@ bool selectVerticesByLocation(Model& model, double x, double y, bool undoable)
 {
   const WaitCursor cursor;
   const double tolerance = Preferences::get().tolerance;
-  VertexSelection found(SelectionMode::vertex);
+  auto found = std::make_unique<VertexSelection>(SelectionMode::vertex);
   if (model.fltFile() && model.fltFile()->header()) {
     forEachVertexList(*model.fltFile()->header(), [&](fltapi::VertexListRecord& list) {
       if (!list.parent() || list.parent()->opcode() != fltapi::FaceRecord::code) return;
       for (const auto& vertex : list.vertices()) {
         const auto place = vertex->position();
-        if (std::abs(place.x() - x) < tolerance && std::abs(place.y() - y) < tolerance) found.insert({&list, vertex});
+        if (std::abs(place.x() - x) < tolerance && std::abs(place.y() - y) < tolerance) found->insert({&list, vertex});
       }
     });
   }
-  if (found.empty()) return false;
-  model.selections().select(
-      found, recordedChange("selectVerticesByLocation", luaCall("selectVerticesByLocation", x, y), undoable));
+  if (found->empty()) return false;
+  model.selections().select(std::move(found), recordedChange("selectVerticesByLocation",
+                                                             luaCall("selectVerticesByLocation", x, y), undoable));
   return true;
 }
 
@@ -127,13 +154,14 @@ bool selectSliverPolygons(Model& model, bool undoable)
 {
   const WaitCursor cursor;
   const auto polygons = inScope(model, SelectionMode::polygon);
-  NodeSelection found(SelectionMode::polygon);
+  auto found = std::make_unique<NodeSelection>(SelectionMode::polygon);
   for (const auto& element : static_cast<const NodeSelection&>(*polygons).elements()) {
     if (isSliver(static_cast<const fltapi::FaceRecord&>(*element.node), Preferences::get().tolerance))
-      found.insert(element);
+      found->insert(element);
   }
-  if (found.empty()) return false;
-  model.selections().select(found, recordedChange("selectSliverPolygons", luaCall("selectSliverPolygons"), undoable));
+  if (found->empty()) return false;
+  model.selections().select(std::move(found),
+                            recordedChange("selectSliverPolygons", luaCall("selectSliverPolygons"), undoable));
   return true;
 }
 
@@ -145,23 +173,22 @@ bool selectNakedEdges(Model& model, bool undoable)
   std::vector<KeyedEdge> keyed;
   keyed.reserve(edges->size());
   for (const auto& edge : static_cast<const EdgeSelection&>(*edges).elements()) {
-    keyed.push_back({hashOf(edge.from->position()) ^ hashOf(edge.to->position()), &edge});
+    keyed.push_back(
+        {hashOf(edge.from->position()) ^ hashOf(edge.to->position()), placeOnLine(edge.to->position()), &edge});
   }
-  std::ranges::sort(keyed, {}, &KeyedEdge::key);
+  std::ranges::sort(keyed, {}, [](const KeyedEdge& edge) { return std::pair(edge.key, edge.endPlace); });
 
-  EdgeSelection naked(SelectionMode::edge);
+  auto naked = std::make_unique<EdgeSelection>(SelectionMode::edge);
   for (auto first = keyed.begin(); first != keyed.end();) {
     const auto last = std::find_if(first, keyed.end(), [&](const KeyedEdge& other) { return other.key != first->key; });
     for (auto one = first; one != last; ++one) {
-      const bool joined = std::any_of(first, last, [&](const KeyedEdge& other) {
-        return other.edge != one->edge && runsAgainst(*one->edge, *other.edge, tolerance);
-      });
-      if (!joined) naked.insert(*one->edge);
+      if (!hasNeighbour(*one->edge, {first, last}, tolerance)) naked->insert(*one->edge);
     }
     first = last;
   }
-  if (naked.empty()) return false;
-  model.selections().select(naked, recordedChange("selectNakedEdges", luaCall("selectNakedEdges"), undoable));
+  if (naked->empty()) return false;
+  model.selections().select(std::move(naked),
+                            recordedChange("selectNakedEdges", luaCall("selectNakedEdges"), undoable));
   return true;
 }
 

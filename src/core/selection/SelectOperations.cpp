@@ -39,10 +39,10 @@ std::vector<fltapi::PrimNodeRecord*> scopeOf(Model& model)
   return nodes;
 }
 
-bool replaceWith(Model& model, const Selection& found, const SelectionChange& change)
+bool replaceWith(Model& model, std::unique_ptr<Selection> found, const SelectionChange& change)
 {
-  if (found.empty()) return false;
-  model.selections().select(found, change);
+  if (found->empty()) return false;
+  model.selections().select(std::move(found), change);
   return true;
 }
 
@@ -51,7 +51,7 @@ bool replaceWith(Model& model, const Selection& found, const SelectionChange& ch
 bool selectAll(Model& model, SelectionMode mode, bool undoable)
 {
   const WaitCursor cursor;
-  return replaceWith(model, *allOf(model, mode),
+  return replaceWith(model, allOf(model, mode),
                      recordedChange("selectAll", luaCall("selectAll", infoOf(mode).name), undoable));
 }
 
@@ -72,7 +72,7 @@ bool invertSelection(Model& model, SelectionMode mode, bool undoable)
     model.selections().clear(change);
     return false;
   }
-  return replaceWith(model, *rest, change);
+  return replaceWith(model, std::move(rest), change);
 }
 
 bool convertSelection(Model& model, SelectionMode mode, bool undoable)
@@ -80,9 +80,15 @@ bool convertSelection(Model& model, SelectionMode mode, bool undoable)
   const WaitCursor cursor;
   auto result = Selection::make(mode);
   for (const auto& [family, selection] : model.selections().current().families()) {
-    if (const auto converted = selection->convert(mode)) result->add(*converted);
+    auto converted = selection->convert(mode);
+    if (!converted) continue;
+    if (result->empty()) {
+      result = std::move(converted);
+    } else {
+      result->add(*converted);
+    }
   }
-  return replaceWith(model, *result,
+  return replaceWith(model, std::move(result),
                      recordedChange("convertSelection", luaCall("convertSelection", infoOf(mode).name), undoable));
 }
 
@@ -131,7 +137,7 @@ void selectChildren(Model& model, bool undoable)
 
 bool selectByNumberOfVertices(Model& model, int count, bool fromCurrent, bool undoable)
 {
-  NodeSelection found(SelectionMode::polygon);
+  std::unique_ptr<Selection> found = std::make_unique<NodeSelection>(SelectionMode::polygon);
   NodeSelection all(SelectionMode::polygon);
   if (fromCurrent) {
     for (auto* node : scopeOf(model))
@@ -140,10 +146,11 @@ bool selectByNumberOfVertices(Model& model, int count, bool fromCurrent, bool un
     collect(*header, all);
   }
   for (const auto& element : all.elements()) {
-    if (static_cast<fltapi::FaceRecord&>(*element.node).vertexCount() == count) found.insert(element);
+    if (static_cast<fltapi::FaceRecord&>(*element.node).vertexCount() == count)
+      static_cast<NodeSelection&>(*found).insert(element);
   }
   return replaceWith(
-      model, found,
+      model, std::move(found),
       recordedChange("selectByNumberOfVertices", luaCall("selectByNumberOfVertices", count, fromCurrent), undoable));
 }
 

@@ -148,10 +148,13 @@ bool follow(FltEdge& element, const fltapi::Record& oldRecord, fltapi::Record& n
 // ---- ElementSelection ----------------------------------------------------------------------------------------------
 
 template <class Element>
-std::vector<Element> ElementSelection<Element>::ordered() const
+std::vector<const Element*> ElementSelection<Element>::ordered() const
 {
-  std::vector<Element> list(elements_.begin(), elements_.end());
-  std::ranges::sort(list, {}, &Element::serial);
+  std::vector<const Element*> list;
+  list.reserve(elements_.size());
+  for (const auto& element : elements_)
+    list.push_back(&element);
+  std::ranges::sort(list, {}, [](const Element* element) { return element->serial(); });
   return list;
 }
 
@@ -213,8 +216,8 @@ bool ElementSelection<Element>::containsNode(const PrimNodeRecord& node) const
 template <class Element>
 void ElementSelection<Element>::forEach(const std::function<void(PrimNodeRecord&, VertexBaseRecord*)>& work) const
 {
-  for (const auto& element : ordered())
-    work(ownerOf(element), vertexOf(element));
+  for (const auto* element : ordered())
+    work(ownerOf(*element), vertexOf(*element));
 }
 
 template <class Element>

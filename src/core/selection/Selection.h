@@ -76,7 +76,7 @@ public:
   bool insert(const Element& element) { return elements_.insert(element).second; }
   void reserve(std::size_t count) { elements_.reserve(count); }
   /// In the order in which their records were made.
-  std::vector<Element> ordered() const;
+  std::vector<const Element*> ordered() const;
 
   std::unique_ptr<Selection> clone() const override { return std::make_unique<ElementSelection>(*this); }
   bool add(const Selection& other) override;

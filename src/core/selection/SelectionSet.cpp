@@ -6,6 +6,7 @@
 #include "core/WaitCursor.h"
 #include "core/selection/Collect.h"
 #include "core/selection/SelectionCommand.h"
+#include "platform/Memory.h"
 
 namespace nalt {
 
@@ -73,10 +74,10 @@ void SelectionSet::select(Selections selections, const SelectionChange& change)
   finish(std::move(before), std::move(added), change);
 }
 
-void SelectionSet::select(const Selection& selection, const SelectionChange& change)
+void SelectionSet::select(std::unique_ptr<Selection> selection, const SelectionChange& change)
 {
   Selections selections;
-  selections.add(selection);
+  selections.add(std::move(selection));
   select(std::move(selections), change);
 }
 
@@ -155,9 +156,12 @@ bool SelectionSet::toggle(const Selection& selection, const SelectionChange& cha
 void SelectionSet::clear(const SelectionChange& change)
 {
   if (current_.empty()) return;
+  constexpr std::size_t large = 100'000;
+  const bool wasLarge = current_.size() > large;
   Selections before = std::move(current_);
   current_.clear();
   finish(std::move(before), {}, change);
+  if (wasLarge) giveBackFreedMemory();
 }
 
 void SelectionSet::selectPrevious(const SelectionChange& change)

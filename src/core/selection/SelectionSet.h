@@ -39,6 +39,7 @@ public:
   bool equals(const Selections& other) const;
 
   void add(const Selection& selection);
+  void add(std::unique_ptr<Selection> selection);
   bool remove(const Selection& selection);
   void toggle(const Selection& selection);
   void add(const Selections& other);
@@ -83,7 +84,7 @@ public:
 
   /// Replaces the selection; the old one becomes the previous one.
   void select(Selections selections, const SelectionChange& change = {});
-  void select(const Selection& selection, const SelectionChange& change = {});
+  void select(std::unique_ptr<Selection> selection, const SelectionChange& change = {});
   /// False, after a message, when nothing could join: no node is selected together with one above or below it.
   bool add(const Selection& selection, const SelectionChange& change = {});
   bool remove(const Selection& selection, const SelectionChange& change = {});

@@ -52,6 +52,17 @@ void Selections::add(const Selection& selection)
   }
 }
 
+void Selections::add(std::unique_ptr<Selection> selection)
+{
+  if (selection->empty()) return;
+  auto& family = families_[selection->mode()];
+  if (family) {
+    own(selection->mode()).add(*selection);
+  } else {
+    family = std::move(selection);
+  }
+}
+
 bool Selections::remove(const Selection& selection)
 {
   if (!find(selection.mode())) return false;

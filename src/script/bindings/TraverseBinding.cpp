@@ -23,7 +23,7 @@ private:
   bool walk(fltapi::PrimNodeRecord& node);
   bool visitVertex(const FltVertex& vertex);
   /// Selects nothing but the element; a batch run makes no command of it.
-  void select(const Selection& selection) const;
+  void select(std::unique_ptr<Selection> selection) const;
   /// @param descend gets what the function said, null for a call whose answer doesn't count
   bool call(int function, const char* typeName, bool* descend);
   bool modelIsStillCurrent();
@@ -43,11 +43,11 @@ bool Traversal::modelIsStillCurrent()
   return false;
 }
 
-void Traversal::select(const Selection& selection) const
+void Traversal::select(std::unique_ptr<Selection> selection) const
 {
   SelectionChange change;
   change.undoable = !run_.batch();
-  model_.selections().select(selection, change);
+  model_.selections().select(std::move(selection), change);
 }
 
 bool Traversal::call(int function, const char* typeName, bool* descend)
@@ -73,9 +73,9 @@ bool Traversal::visitVertex(const FltVertex& vertex)
   if (!modelIsStillCurrent()) return false;
   bool ignored = false;
   if (pre_ != LUA_NOREF) {
-    VertexSelection selection(SelectionMode::vertex);
-    selection.insert(vertex);
-    select(selection);
+    auto selection = std::make_unique<VertexSelection>(SelectionMode::vertex);
+    selection->insert(vertex);
+    select(std::move(selection));
   }
   // The call behind it sees whatever the first one left selected.
   return call(pre_, name, &ignored) && call(post_, name, nullptr);
@@ -85,9 +85,8 @@ bool Traversal::walk(fltapi::PrimNodeRecord& node)
 {
   if (!modelIsStillCurrent()) return false;
   const auto* name = infoOf(selectionModeOf(node.opcode())).name;
-  const auto selection = selectionOf(node);
   bool descend = false;
-  if (pre_ != LUA_NOREF) select(*selection);
+  if (pre_ != LUA_NOREF) select(selectionOf(node));
   if (!call(pre_, name, &descend)) return false;
   if (descend) {
     std::vector<osg::ref_ptr<fltapi::PrimNodeRecord>> children;
@@ -105,7 +104,7 @@ bool Traversal::walk(fltapi::PrimNodeRecord& node)
       }
     }
   }
-  if (post_ != LUA_NOREF) select(*selection);
+  if (post_ != LUA_NOREF) select(selectionOf(node));
   return call(post_, name, nullptr);
 }
 
@@ -118,15 +117,15 @@ bool Traversal::walkSelection()
   // The functions change the selection, so what was selected at the start is walked.
   const Selections snapshot = model_.selections().current();
   if (const auto* family = snapshot.find(SelectionMode::vertex)) {
-    for (const auto& vertex : static_cast<const VertexSelection*>(family)->ordered()) {
-      if (!visitVertex(vertex)) return false;
+    for (const auto* vertex : static_cast<const VertexSelection*>(family)->ordered()) {
+      if (!visitVertex(*vertex)) return false;
     }
   }
   for (const auto mode : order) {
     const auto* family = snapshot.find(mode);
     if (!family) continue;
-    for (const auto& element : static_cast<const NodeSelection*>(family)->ordered()) {
-      if (!walk(*element.node)) return false;
+    for (const auto* element : static_cast<const NodeSelection*>(family)->ordered()) {
+      if (!walk(*element->node)) return false;
     }
   }
   if (!modelIsStillCurrent()) return false;
