@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 """Checks .clang-tidy of the repository and its folders: clang-tidy knows every check that is switched off, and a comment of the form "# -check: why" tells
-the reason for each. It doesn't run the checks over the sources, which takes long: `cmake --build build --target tidy`.
+the reason for each. It doesn't run the checks over the sources, which takes long: `cmake --preset tidy && cmake --build --preset tidy`.
 
 Usage: check_tidy.py REPOSITORY CLANG_TIDY
 """
