@@ -26,6 +26,13 @@ namespace {
 constexpr const char* untitled = "untitled.flt";
 constexpr int tabRow = 15; // pixels of the tabs' own at the top of their area
 
+/// A page takes all of a change in size, so that the row of labels keeps its height.
+void keepTabRow(Fl_Tabs& tabs)
+{
+  tabs.resizable(tabs.children() > 0 ? tabs.child(0) : &tabs);
+  tabs.init_sizes();
+}
+
 } // namespace
 
 Gui::Gui(bool headless)
@@ -78,6 +85,7 @@ Model& Gui::addModel(std::unique_ptr<Model> owned, const std::vector<VPBase*>& v
   nameTab(model);
   Fl_Tabs& tabs = *GuiWidgets::get().tabs;
   tabs.add(owned.release());
+  keepTabRow(tabs);
   if (!headless_) {
     if (viewports.empty()) {
       createViewports(model, Preferences::get().viewportCount);
@@ -98,6 +106,7 @@ std::unique_ptr<Model> Gui::removeModel(Model& model)
   const int place = tabs.find(model);
   std::unique_ptr<Model> owned(&model);
   tabs.remove(model);
+  keepTabRow(tabs);
   const int next = std::min(place, modelCount() - 1);
   if (current_ == &model || next < 0) showModel(next >= 0 ? modelAt(next) : nullptr);
   return owned;

@@ -37,6 +37,13 @@ void prepareFltk()
   installInputGate();
 }
 
+/// Plain grounds instead of the scheme's stripes, which each look at the system's colours brings back.
+void dropStripes(Fl_Window& window)
+{
+  Fl::scheme_bg_ = nullptr;
+  window.image(nullptr);
+}
+
 /// A title bar must not end up above the screen.
 void keepTitleBarVisible(Fl_Window& window)
 {
@@ -76,6 +83,7 @@ int runModeller(int argc, char** argv)
     gui.updateWidgets();
     Fl_Double_Window& window = *GuiWidgets::get().mainWindow;
     window.show(1, argv);
+    dropStripes(window);
     if (Preferences::get().splash) {
       gui.setSplash(std::make_unique<Splash>());
       gui.splash()->show(splashTime);
