@@ -32,6 +32,7 @@ struct Preferences {
   bool reloadTextures = true;
   bool reloadExternals = true;
   bool reloadShaders = true;
+  bool relativeTexturePaths = false;
 
   /// The one in force, with the defaults at first.
   static Preferences& get();
