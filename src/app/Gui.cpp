@@ -4,6 +4,7 @@
 #include "app/GuiWidgets.h"
 #include "app/MenuBar.h"
 #include "app/ProgressWindow.h"
+#include "app/Session.h"
 #include "app/Splash.h"
 #include "app/ToolBars.h"
 #include "core/Model.h"
@@ -88,7 +89,7 @@ Model& Gui::addModel(std::unique_ptr<Model> owned, const std::vector<VPBase*>& v
   keepTabRow(tabs);
   if (!headless_) {
     if (viewports.empty()) {
-      createViewports(model, Preferences::get().viewportCount);
+      createViewports(model, Preferences::get().viewportCount, viewportPreferences_);
     } else {
       for (VPBase* viewport : viewports)
         model.add(viewport->widget());
@@ -288,6 +289,7 @@ void Gui::exitProgram()
 
 void Gui::tearDown()
 {
+  if (!headless_) saveSession(*this);
   splash_.reset();
   progress_.reset();
   if (Fl_Double_Window* window = GuiWidgets::get().mainWindow) window->hide();

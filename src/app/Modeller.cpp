@@ -7,6 +7,7 @@
 #include "app/GuiWidgets.h"
 #include "app/InputGate.h"
 #include "app/MainWindow.h"
+#include "app/Session.h"
 #include "app/Splash.h"
 #include "core/Preferences.h"
 #include "platform/Display.h"
@@ -44,13 +45,6 @@ void dropStripes(Fl_Window& window)
   window.image(nullptr);
 }
 
-/// A title bar must not end up above the screen.
-void keepTitleBarVisible(Fl_Window& window)
-{
-  const int titleBar = window.decorated_h() - window.h();
-  if (window.y() < titleBar) window.position(window.x(), titleBar);
-}
-
 void openCommandLine(Gui& gui, int argc, char** argv)
 {
   std::vector<std::string> paths;
@@ -80,6 +74,8 @@ int runModeller(int argc, char** argv)
   {
     Gui gui(/*headless=*/false);
     const DatabaseHost host(gui);
+    const Session session = restoreSession(gui);
+    if (session.result.newerVersion) removeHelpServerFiles(SettingsFile::get().path());
     gui.updateWidgets();
     Fl_Double_Window& window = *GuiWidgets::get().mainWindow;
     window.show(1, argv);
@@ -89,7 +85,10 @@ int runModeller(int argc, char** argv)
       gui.splash()->show(splashTime);
     }
     Fl::check();
-    keepTitleBarVisible(window);
+    if (session.result.newerVersion)
+      gui.warning("Existing settings file is from a newer version, writing default settings.");
+    placeMainWindow(session);
+    Fl::check();
     openCommandLine(gui, argc, argv);
     Fl::run();
   }
