@@ -33,7 +33,7 @@ void drawPlain(const Fl_Label* label, int x, int y, int w, int h, Fl_Align align
 {
   fl_font(label->font, label->size);
   fl_color(label->color);
-  fl_draw(label->value, x, y, w, h, align, nullptr, /*draw_symbols=*/0);
+  fl_draw(label->value, x, y - 1, w, h, align, nullptr, /*draw_symbols=*/0); // a tab is low: room for descenders
 }
 
 void measurePlain(const Fl_Label* label, int& w, int& h)
