@@ -1,0 +1,13 @@
+#include "platform/Signals.h"
+
+#include <csignal>
+
+namespace nalt {
+
+void makeFailedWritesErrors()
+{
+  std::signal(SIGPIPE, SIG_IGN);
+  std::signal(SIGXFSZ, SIG_IGN);
+}
+
+} // namespace nalt
