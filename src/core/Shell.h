@@ -2,10 +2,13 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 namespace nalt {
 
+class MacroCommand;
 class Model;
+class ScriptRecorder;
 
 /// What a message is about, so that the user can switch it off. `none` can't be switched off.
 enum class MessageId : std::uint32_t { none = 0, saveVersion = 7 };
@@ -21,6 +24,8 @@ public:
 
   /// The shell in force. One is always installed before a Model exists.
   static Shell& get();
+  /// The camera that "Store View" keeps for "Recall View", as one line of text; shared by all models.
+  static std::string& storedView();
   /// Installs `shell` (not owned) and gives back the one before it, null at first.
   static Shell* install(Shell* shell);
 
@@ -55,6 +60,20 @@ public:
   virtual bool saveModelAs(const std::string& path, int version, bool synchronous) = 0;
   /// Asks about unsaved changes first (in a quiet run the preset answer counts). False when the user keeps the model.
   virtual bool closeModel() = 0;
+
+  // What the core tells the shell so that the window can follow; a shell without a window needs none of it.
+  /// Path, tab label or dirty state of `model` changed.
+  virtual void documentChanged(Model& /*model*/) {}
+  virtual void activeViewportChanged(Model& /*model*/) {}
+  /// What can be undone or redone in `model` changed.
+  virtual void historyChanged(Model& /*model*/) {}
+  /// Opens what was dropped on the window: paths or "file:" URIs, one in each line.
+  virtual void openDropped(const std::string& /*lines*/) {}
+
+  /// The script editor, null while there is none.
+  virtual ScriptRecorder* scriptRecorder() { return nullptr; }
+  /// Macros that are running, the innermost last: it takes the commands. Not owned.
+  std::vector<MacroCommand*> openMacros;
 };
 
 } // namespace nalt

@@ -34,11 +34,7 @@ FltFile::FltFile(const FltFile& other)
   totalBytes_ = other.totalBytes_;
 }
 
-FltFile::~FltFile()
-{
-  closing_ = true;
-  instanceDefinitions_.clear();
-}
+FltFile::~FltFile() = default;
 
 void FltFile::initNew()
 {
@@ -78,11 +74,13 @@ VertexPaletteRecord* FltFile::vertexPalette() const
 
 ColorPaletteRecord* FltFile::colorPalette() const
 {
+  if (const auto* other = paletteOwner(opcodes::colorPalette); other != this) return other->colorPalette();
   return header_ ? header_->findChild<ColorPaletteRecord>() : nullptr;
 }
 
 std::vector<Record*> FltFile::palette(int opcode) const
 {
+  if (const auto* other = paletteOwner(opcode); other != this) return other->palette(opcode);
   return header_ ? header_->findChildren(opcode) : std::vector<Record*>{};
 }
 
@@ -209,16 +207,12 @@ void FltFile::childAttached(Record& child)
   if (child.opcode() == opcodes::vertexList && vertexListCount_ < std::numeric_limits<std::int32_t>::max()) {
     ++vertexListCount_;
   }
-  if (child.opcode() == opcodes::external) ++externalCounts_[static_cast<ExternalRecord&>(child).getName()];
 }
 
 void FltFile::childDetached(Record& child)
 {
   if (countsForProgress(child.opcode())) totalBytes_ -= std::min<std::uint64_t>(totalBytes_, child.length());
   if (child.opcode() == opcodes::vertexList && vertexListCount_ > 0) --vertexListCount_;
-  if (closing_ || child.opcode() != opcodes::external) return;
-  auto& count = externalCounts_[static_cast<ExternalRecord&>(child).getName()];
-  count = std::max(0, count - 1);
 }
 
 // ---- messages ------------------------------------------------------------------------------------------------------

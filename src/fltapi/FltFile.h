@@ -5,7 +5,9 @@
 #include "fltapi/Record.h"
 
 #include <array>
+#include <filesystem>
 #include <map>
+#include <osg/observer_ptr>
 #include <osg/ref_ptr>
 #include <set>
 #include <string>
@@ -81,6 +83,19 @@ public:
   /// The first reference to that instance in the tree, null when there is none.
   InstanceReferenceRecord* firstReferenceTo(int number) const;
 
+  // ---- external references ------------------------------------------------------------------------------------------
+
+  /// Loads the content of all external references that have none yet, unless the user doesn't want any. A reference
+  /// whose file can't be found stays empty, with a warning.
+  void readExternals();
+  /// Paths, as the records hold them, of references in the tree whose file is newer on disk than what was loaded.
+  std::vector<std::string> changedExternals() const;
+  /// Drops the content of all references with these paths and loads it again.
+  void reloadExternals(const std::vector<std::string>& paths);
+  /// For a file that is shown in another one: where `ownPalettes` (bits of ExternalRecord::OwnPalette) has no bit, the
+  /// palettes of `referrer` count.
+  void setReferrer(FltFile& referrer, std::uint32_t ownPalettes);
+
   // ---- names --------------------------------------------------------------------------------------------------------
 
   /// False when the name is taken and duplicates aren't allowed. A default name ("g12") raises its counter.
@@ -97,8 +112,6 @@ public:
   /// Running sum of the lengths of attached records, vertices left out. For progress reports.
   std::uint64_t totalBytes() const { return totalBytes_; }
   int vertexListCount() const { return vertexListCount_; }
-  /// How many references to each external path the tree holds.
-  const std::map<std::string, int>& externalCounts() const { return externalCounts_; }
 
   // ---- what streams tell --------------------------------------------------------------------------------------------
 
@@ -113,6 +126,15 @@ protected:
   ~FltFile() override;
 
 private:
+  friend class ReadExternalVisitor;
+  /// What the disk said about a referenced file when it was loaded.
+  struct ExternalStamp {
+    std::string foundPath;
+    std::filesystem::file_time_type time;
+  };
+
+  /// The file whose palette counts for records of this one: itself, or the one that refers to it.
+  const FltFile* paletteOwner(int opcode) const;
   bool readRecords(const std::string& path);
   void breakVertexPalette();
   void checkVersion() const;
@@ -125,14 +147,15 @@ private:
   osg::ref_ptr<HeaderRecord> header_;
   InstanceDefinitions instanceDefinitions_;
   std::array<std::uint32_t, nameCounterCount> nextNumbers_;
-  std::map<std::string, int> externalCounts_;
+  std::map<std::string, ExternalStamp> externalStamps_;
+  osg::observer_ptr<FltFile> referrer_;
+  std::uint32_t ownPalettes_ = 0xffffffff;
   std::set<std::string> repairsTold_;
   std::uint64_t totalBytes_ = 0;
   std::int32_t vertexListCount_ = 0;
   int loadedVersion_ = currentVersion;
   bool namesCollected_ = false;
   bool reading_ = false;
-  bool closing_ = false;
   bool modified_ = false;
   bool quiet_ = false;
 };

@@ -62,6 +62,7 @@ bool FltFile::load(const std::string& path)
          versionText(currentVersion) + ".");
     header_->set(HeaderRecord::fields.formatRevision, currentVersion);
   }
+  readExternals();
   breakVertexPalette();
   reading_ = false;
   return true;

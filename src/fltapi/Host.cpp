@@ -1,5 +1,7 @@
 #include "fltapi/Host.h"
 
+#include "platform/Environment.h"
+
 #include <utility>
 
 namespace fltapi {
@@ -19,6 +21,11 @@ Host& Host::get()
 Host* Host::install(Host* host)
 {
   return std::exchange(installed, host ? host : &silent);
+}
+
+std::string Host::externalSearchPath() const
+{
+  return nalt::environment("NALT_FILE_PATH").value_or("");
 }
 
 } // namespace fltapi

@@ -23,8 +23,9 @@ public:
   virtual bool repairsNotAvailable() const { return true; }
   /// Whether the content of external references is loaded.
   virtual bool loadsExternals() const { return true; }
-  /// Folders in which external references are looked for, separated by ";" (or ":" where paths have no drive letter).
-  virtual std::string externalSearchPath() const { return {}; }
+  /// Folders in which external references are looked for, separated by ";" or ":". What the
+  /// environment variable NALT_FILE_PATH holds, unless a host knows better.
+  virtual std::string externalSearchPath() const;
 };
 
 /// Allowed difference of matrix elements and vertex positions that are compared while a file is read. Not the user's

@@ -1,6 +1,5 @@
 #include "fltapi/AllRecords.h"
 #include "fltapi/FltFile.h"
-#include "fltapi/visitors/MakeExternalVisitor.h"
 
 namespace fltapi {
 
@@ -69,6 +68,7 @@ PrimNodeRecord* PrimNodeRecord::cloneTree(FltFile* target, bool rename, bool kee
   const bool inExternal = hasAncestorOfType(ExternalRecord::code);
   for (auto* child : children_) {
     if (rename && child->opcode() == LongIDRecord::code) continue;
+    if (opcode() == ExternalRecord::code && child->isPrimary()) continue;
     osg::ref_ptr<Record> childCopy;
     if (const auto* node = child->asNode()) {
       childCopy = node->cloneTree(target, rename && !inExternal, keepNamesUnique && !inExternal);
@@ -80,10 +80,8 @@ PrimNodeRecord* PrimNodeRecord::cloneTree(FltFile* target, bool rename, bool kee
   }
   if (keepNamesUnique) makeNameUnique(*copy);
 
-  if (auto* external = dynamic_cast<ExternalRecord*>(copy.get())) {
-    MakeExternalVisitor visitor(external->referencedFile());
-    for (auto* node : external->primaryChildren())
-      node->accept(visitor);
+  if (const auto* external = dynamic_cast<const ExternalRecord*>(this)) {
+    static_cast<ExternalRecord&>(*copy).show(external->referencedFile(), external->resolvedPath());
   } else if (const auto* source = dynamic_cast<const SwitchRecord*>(this)) {
     copyMasks(*source, static_cast<SwitchRecord&>(*copy));
   } else if (const auto* reference = dynamic_cast<const InstanceReferenceRecord*>(this)) {

@@ -23,7 +23,7 @@ osg::Matrixd PrimNodeRecord::worldMatrix() const
   std::set<const PrimNodeRecord*> definitions;
   for (const auto* node = this; node;) {
     product = product * node->localMatrix();
-    const auto* up = node->parents().empty() ? node->parent() : node->parents().front();
+    const PrimNodeRecord* up = node->parent();
     if (!up && node->opcode() == opcodes::instanceDefinition && node->file() && definitions.insert(node).second) {
       // The body of an instance stands where it is first referred to.
       up = node->file()->firstReferenceTo(static_cast<const InstanceDefinitionRecord*>(node)->instanceNumber());

@@ -21,7 +21,23 @@ PrimNodeRecord::~PrimNodeRecord()
 {
   // Children that others still hold live on. The file isn't told: it may be gone by now.
   for (auto* child : children_) {
-    if (child->parent() == this) child->attachTo(nullptr);
+    if (auto* node = child->asNode()) {
+      node->forgetParent(this);
+    } else if (child->parent() == this) {
+      child->attachTo(nullptr);
+    }
+  }
+}
+
+void PrimNodeRecord::forgetParent(PrimNodeRecord* parent)
+{
+  if (extras_) std::erase(extras_->parents, parent);
+  if (this->parent() != parent) return;
+  if (parents().empty()) {
+    attachTo(nullptr);
+  } else {
+    attachTo(parents().back());
+    extras_->parents.pop_back();
   }
 }
 
@@ -34,11 +50,6 @@ PrimNodeRecord::Extras& PrimNodeRecord::extras() const
 const std::vector<PrimNodeRecord*>& PrimNodeRecord::parents() const
 {
   return extras_ ? extras_->parents : Record::parents();
-}
-
-void PrimNodeRecord::setExternalFile(FltFile* file)
-{
-  externalFile_ = file;
 }
 
 void PrimNodeRecord::traverse(RecordVisitor& visitor)
@@ -180,13 +191,13 @@ void PrimNodeRecord::attached(Record& child)
 
 void PrimNodeRecord::detached(Record& child)
 {
-  if (child.parent_ == this) {
-    const auto& others = child.parents();
-    child.parent_ = others.empty() ? nullptr : others.back();
-    // Two references: the caller's and that of whoever puts the record back later. With one alone nobody will.
-    if (child.referenceCount() < 2) child.index_ = -1;
+  if (auto* node = child.asNode()) {
+    node->forgetParent(this);
+  } else if (child.parent_ == this) {
+    child.parent_ = nullptr;
   }
-  if (auto* node = child.asNode(); node && node->extras_) std::erase(node->extras_->parents, this);
+  // Two references: the caller's and that of whoever puts the record back later. With one alone nobody will.
+  if (!child.parent_ && child.referenceCount() < 2) child.index_ = -1;
   if (file()) file()->childDetached(child);
 }
 

@@ -128,8 +128,8 @@ public:
   UserData* userData() const { return userData_.get(); }
   void setUserData(std::unique_ptr<UserData> data) { userData_ = std::move(data); }
   /// The file of the external reference through which this record came in; null for the document's own records.
-  FltFile* externalFile() const { return externalFile_.get(); }
-  void setExternalFile(FltFile* file);
+  FltFile* externalFile() const { return externalFile_; }
+  void setExternalFile(FltFile* file) { externalFile_ = file; }
 
   // ---- streams ------------------------------------------------------------------------------------------------------
 
@@ -163,6 +163,8 @@ private:
   void insertAt(int position, Record* child);
   void attached(Record& child);
   void detached(Record& child);
+  /// When that was the first parent, the last of the further ones takes its place.
+  void forgetParent(PrimNodeRecord* parent);
   void renumberFrom(int position);
   bool isChild(const Record* child) const;
   int positionOf(const Record& child) const;
@@ -171,7 +173,7 @@ private:
   std::int32_t primaryCount_ = 0;
   std::int32_t frontAncillaries_ = 0; ///< how many children stand in front of the first primary one
   std::unique_ptr<UserData> userData_;
-  osg::ref_ptr<FltFile> externalFile_;
+  FltFile* externalFile_ = nullptr;        ///< not counted: the file owns this record
   mutable std::unique_ptr<Extras> extras_; ///< what few nodes need
 };
 

@@ -18,6 +18,8 @@ class ExternalRecord : public RecordOf<ExternalRecord, PrimNodeRecord, opcodes::
 public:
   using RecordOf::RecordOf;
 
+  static constexpr std::uint32_t paletteBits = 0xff000000;
+
   /// A set bit means that the content uses its own file's palette, a clear one that the referencing file's counts.
   enum OwnPalette : std::uint32_t {
     ownColors = 0x80000000,
@@ -37,10 +39,10 @@ public:
 
   /// The file that is shown, null while it isn't loaded.
   FltFile* referencedFile() const { return referencedFile_.get(); }
-  void setReferencedFile(FltFile* file) { referencedFile_ = file; }
   /// The path under which that file was found.
   const std::string& resolvedPath() const { return resolvedPath_; }
-  void setResolvedPath(const std::string& path) { resolvedPath_ = path; }
+  /// Hangs the content of `file` below the record; null takes away what hangs there. References share the content.
+  void show(FltFile* file, const std::string& resolvedPath);
 
 protected:
   bool writeChildren(Output&) const override { return true; }

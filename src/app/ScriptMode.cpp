@@ -1,0 +1,40 @@
+#include "app/ScriptMode.h"
+
+#include "app/DatabaseHost.h"
+#include "app/Gui.h"
+#include "app/SettingsFile.h"
+#include "script/BatchRun.h"
+#include "script/ScriptRun.h"
+
+namespace nalt {
+
+namespace {
+
+/// Messages stand between line feeds, apart from what the script prints.
+void passMessageOn(const std::string& text)
+{
+  scriptOutput(ScriptRun::active(), "\n" + text + "\n");
+}
+
+void readPreferences()
+{
+  Settings settings;
+  if (SettingsFile::get().read(settings).newerVersion) {
+    Shell::get().warning("Existing settings file is from a newer version, writing default settings.");
+  }
+  Preferences::get() = settings.preferences;
+}
+
+} // namespace
+
+int runScriptMode(int argc, char** argv)
+{
+  Gui gui(/*headless=*/true);
+  const DatabaseHost host(gui);
+  gui.setQuiet(/*quiet=*/true, /*batch=*/true);
+  gui.setScriptOutput(passMessageOn);
+  readPreferences();
+  return runBatch(argc, argv);
+}
+
+} // namespace nalt

@@ -1,0 +1,183 @@
+#include "core/Model.h"
+
+#include "core/Shell.h"
+#include "core/TabLabel.h"
+#include "fltapi/FltFile.h"
+#include "platform/Paths.h"
+
+#include <FL/Fl.H>
+#include <FL/fl_draw.H>
+#include <osgDB/ReadFile>
+
+#include <algorithm>
+#include <bit>
+#include <utility>
+
+namespace nalt {
+
+namespace {
+
+constexpr int labelSize = 11;
+
+/// Around the base's constructor: a model never becomes a child of the group that happens to be open, nor the open one.
+class NoCurrentGroup {
+public:
+  NoCurrentGroup() { Fl_Group::current(nullptr); }
+  ~NoCurrentGroup() { Fl_Group::current(before_); }
+
+private:
+  Fl_Group* before_ = Fl_Group::current();
+};
+
+void drawPlain(const Fl_Label* label, int x, int y, int w, int h, Fl_Align align)
+{
+  fl_font(label->font, label->size);
+  fl_color(label->color);
+  fl_draw(label->value, x, y, w, h, align, nullptr, /*draw_symbols=*/0);
+}
+
+void measurePlain(const Fl_Label* label, int& w, int& h)
+{
+  fl_font(label->font, label->size);
+  fl_measure(label->value, w, h, /*draw_symbols=*/0);
+}
+
+} // namespace
+
+Fl_Labeltype plainLabel()
+{
+  static const bool once = (Fl::set_labeltype(FL_FREE_LABELTYPE, drawPlain, measurePlain), true);
+  (void)once;
+  return FL_FREE_LABELTYPE;
+}
+
+Model::Model(int x, int y, int w, int h) : Fl_Tile((NoCurrentGroup(), x), y, w, h)
+{
+  labeltype(plainLabel());
+  labelsize(labelSize);
+}
+
+Model::~Model()
+{
+  removeAllViewports(/*destroy=*/true);
+}
+
+bool Model::createEmpty()
+{
+  new_ = true;
+  file_ = new fltapi::FltFile;
+  file_->initNew();
+  scene_ = nullptr;
+  return true;
+}
+
+bool Model::load(const std::string& path)
+{
+  file_ = new fltapi::FltFile;
+  scene_ = nullptr;
+  if (!file_->load(path)) {
+    file_ = nullptr;
+    return false;
+  }
+  path_ = path;
+  return true;
+}
+
+fltapi::FltFile* Model::fltFile() const
+{
+  return file_.get();
+}
+
+osg::Group* Model::sceneRoot()
+{
+  if (scene_) return scene_;
+  scene_ = new osg::Group;
+  if (const osg::ref_ptr<osg::Node> node = osgDB::readRefNodeFile(path_)) scene_->addChild(node);
+  return scene_;
+}
+
+void Model::setPath(std::string path)
+{
+  path_ = std::move(path);
+  if (file_) file_->setPath(path_);
+}
+
+void Model::nameTab(const std::vector<std::string>& labelsInUse)
+{
+  copy_label(markedLabel(tabLabel(fileNamePart(path_), labelsInUse), dirty_).c_str());
+}
+
+void Model::setDirty(bool dirty)
+{
+  dirty_ = dirty;
+  if (!dirty) new_ = false;
+  copy_label(file_ ? markedLabel(tabText(), dirty).c_str() : "");
+  labelsize(labelSize);
+  if (parent()) parent()->redraw();
+  Shell::get().documentChanged(*this);
+}
+
+void Model::followHistory()
+{
+  redrawViewports();
+}
+
+void Model::setActiveViewport(VPBase* viewport)
+{
+  if (viewport == activeViewport_) return;
+  activeViewport_ = viewport;
+  for (int i = 0; i < children(); ++i) {
+    if (auto* panel = dynamic_cast<VPBase*>(child(i))) panel->setActive(panel == viewport);
+  }
+  Shell::get().activeViewportChanged(*this);
+}
+
+void Model::bindViewports()
+{
+  std::uint32_t bit = 1;
+  for (int i = 0; i < children(); ++i, bit = std::rotl(bit, 1)) {
+    auto* panel = dynamic_cast<VPBase*>(child(i));
+    if (!panel) continue;
+    if (panel->drawsScene() && std::find(viewports_.begin(), viewports_.end(), panel) == viewports_.end())
+      viewports_.push_back(panel);
+    panel->bind(*this, bit);
+  }
+}
+
+void Model::removeViewport(VPBase* viewport, bool destroy)
+{
+  const auto place = std::find(viewports_.begin(), viewports_.end(), viewport);
+  if (place == viewports_.end()) return;
+  const bool wasActive = viewport == activeViewport_;
+  activeViewport_ = wasActive ? nullptr : activeViewport_;
+  viewports_.erase(place);
+  remove(viewport->widget());
+  viewport->unbind();
+  if (destroy) delete viewport;
+  if (wasActive) Shell::get().activeViewportChanged(*this);
+}
+
+void Model::removeAllViewports(bool destroy)
+{
+  while (!viewports_.empty())
+    removeViewport(viewports_.back(), destroy);
+}
+
+void Model::redrawViewports()
+{
+  for (VPBase* viewport : viewports_)
+    viewport->widget().redraw();
+}
+
+void Model::setSwitches(const DisplaySwitches& switches)
+{
+  switches_ = switches;
+  bindViewports();
+}
+
+void Model::resize(int x, int y, int w, int h)
+{
+  Fl_Tile::resize(x, y, w, h);
+}
+
+} // namespace nalt

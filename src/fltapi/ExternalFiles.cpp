@@ -1,0 +1,43 @@
+#include "fltapi/ExternalFiles.h"
+
+#include <filesystem>
+
+namespace fltapi {
+
+ExternalFiles& ExternalFiles::get()
+{
+  static ExternalFiles files;
+  return files;
+}
+
+osg::ref_ptr<FltFile> ExternalFiles::find(const Key& key)
+{
+  const auto found = files_.find(key);
+  if (found == files_.end()) return nullptr;
+  osg::ref_ptr<FltFile> file;
+  if (!found->second.lock(file)) files_.erase(found);
+  return file;
+}
+
+void ExternalFiles::forget(const std::string& canonicalPath)
+{
+  std::erase_if(files_, [&](const auto& entry) { return entry.first.path == canonicalPath; });
+}
+
+ExternalFiles::Loading::Loading(const std::string& canonicalPath)
+    : path_(canonicalPath), mine_(get().loading_.insert(canonicalPath).second)
+{}
+
+ExternalFiles::Loading::~Loading()
+{
+  if (mine_) get().loading_.erase(path_);
+}
+
+std::string canonicalPath(const std::string& path)
+{
+  std::error_code error;
+  const auto canonical = std::filesystem::canonical(path, error);
+  return error ? path : canonical.string();
+}
+
+} // namespace fltapi

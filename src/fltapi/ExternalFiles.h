@@ -1,0 +1,58 @@
+#pragma once
+
+#include "fltapi/FltFile.h"
+
+#include <compare>
+#include <map>
+#include <osg/observer_ptr>
+#include <set>
+#include <string>
+
+namespace fltapi {
+
+/// All files that are shown in others, process-wide, so that many references to one file load it once. It keeps none of
+/// them alive. One thread at a time: the one that loads, or the main thread while nobody does.
+class ExternalFiles {
+public:
+  static ExternalFiles& get();
+
+  /// What makes two references show one and the same content. Where the palettes of the referring file count, only its
+  /// own references can share.
+  struct Key {
+    std::string path; ///< canonical
+    std::uint32_t ownPalettes = 0;
+    const FltFile* referrer = nullptr;
+    friend auto operator<=>(const Key&, const Key&) = default;
+  };
+
+  /// Null when no file of that key is loaded.
+  osg::ref_ptr<FltFile> find(const Key& key);
+  void add(const Key& key, FltFile& file) { files_[key] = &file; }
+  /// The next reference with that path loads anew.
+  void forget(const std::string& canonicalPath);
+
+  /// Files that are being loaded just now, from the document down to the innermost reference.
+  bool isLoading(const std::string& canonicalPath) const { return loading_.contains(canonicalPath); }
+
+  /// Marks a file as being loaded for the time of a block.
+  class Loading {
+  public:
+    explicit Loading(const std::string& canonicalPath);
+    Loading(const Loading&) = delete;
+    Loading& operator=(const Loading&) = delete;
+    ~Loading();
+
+  private:
+    std::string path_;
+    bool mine_;
+  };
+
+private:
+  std::map<Key, osg::observer_ptr<FltFile>> files_;
+  std::set<std::string> loading_;
+};
+
+/// The path by which one file is known however it is named; the path itself when it leads nowhere.
+std::string canonicalPath(const std::string& path);
+
+} // namespace fltapi

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "fltapi/ExternalFiles.h"
+#include "fltapi/nodes/ExternalRecord.h"
+
+namespace fltapi {
+
+/// Loads the content of the external references of one file that show none yet.
+///
+/// A referenced file is looked for at its path as it stands, then in each folder of the search path, then beside the
+/// file that refers to it; in each folder first by the path, then by the file's name alone.
+class ReadExternalVisitor : public RecordVisitor {
+public:
+  explicit ReadExternalVisitor(FltFile& referrer) : referrer_(referrer) {}
+
+  using RecordVisitor::apply;
+  void apply(ExternalRecord& external) override;
+
+private:
+  std::vector<std::string> candidates(const std::string& path) const;
+  /// Null when nothing at that place can be loaded.
+  osg::ref_ptr<FltFile> fileAt(const std::string& foundPath, const ExternalRecord& external);
+  osg::ref_ptr<FltFile> loadFirst(const ExternalRecord& external, const std::string& path, std::string& foundPath);
+
+  FltFile& referrer_;
+  bool leadsBack_ = false;
+};
+
+} // namespace fltapi

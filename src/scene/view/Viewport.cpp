@@ -1,0 +1,373 @@
+#include "scene/view/Viewport.h"
+
+#include "core/Model.h"
+#include "core/Preferences.h"
+#include "scene/view/CameraCursor.h"
+#include "scene/view/ContextId.h"
+#include "scene/view/Overlays.h"
+#include "scene/view/ViewportActions.h"
+
+#include <FL/Fl.H>
+#include <FL/Fl_Input_.H>
+#include <FL/Fl_Menu_Item.H>
+#include <osg/ComputeBoundsVisitor>
+#include <osg/Light>
+#include <osg/Notify>
+#include <osg/PolygonMode>
+
+#include <utility>
+
+namespace nalt {
+
+namespace {
+
+/// OpenGL's complaints about a context that is going away help nobody.
+class SilentOsg {
+public:
+  SilentOsg() { osg::setNotifyLevel(osg::ALWAYS); }
+  ~SilentOsg() { osg::setNotifyLevel(before_); }
+
+private:
+  osg::NotifySeverity before_ = osg::getNotifyLevel();
+};
+
+CameraButton buttonOfModifiers()
+{
+  if (Fl::event_shift()) return CameraButton::zoom;
+  return Fl::event_ctrl() ? CameraButton::pan : CameraButton::rotate;
+}
+
+CameraGesture startOf(CameraButton button)
+{
+  switch (button) {
+  case CameraButton::rotate:
+    return CameraGesture::rotate;
+  case CameraButton::pan:
+    return CameraGesture::pan;
+  case CameraButton::zoom:
+    break;
+  }
+  return CameraGesture::zoomIn;
+}
+
+bool isModifier(int key)
+{
+  return key >= FL_Shift_L && key <= FL_Alt_R;
+}
+
+void pickedInMenu(Fl_Widget*, void*) {} // the pop-up's caller runs the entry itself
+
+} // namespace
+
+Viewport::Viewport(int x, int y, int w, int h, const char* name)
+    : Fl_Gl_Window(x, y, w, h), name_(name), camera_(new ModManipulator(nullptr))
+{
+  mode(FL_RGB | FL_DOUBLE | FL_DEPTH);
+  end();
+  sceneView_->setDefaults(osgUtil::SceneView::STANDARD_SETTINGS);
+  sceneView_->setFrameStamp(frameStamp_);
+  sceneView_->setSceneData(scene_.root());
+  sceneView_->getCamera()->setClearMask(GL_DEPTH_BUFFER_BIT); // the background paints the colour
+  osg::StateSet* global = sceneView_->getGlobalStateSet();
+  global->setAttribute(new osg::PolygonMode);
+  global->setMode(GL_CULL_FACE, osg::StateAttribute::ON);
+  global->setMode(GL_NORMALIZE, osg::StateAttribute::ON);
+  global->setMode(GL_LIGHTING, osg::StateAttribute::ON);
+  camera_->setProjectionTarget(&sceneView_->getProjectionMatrix());
+  setPreferences(ViewportPreferences());
+  Viewport::resize(x, y, w, h);
+}
+
+Viewport::~Viewport()
+{
+  Viewport::hide();
+}
+
+/// FLTK destroys the context here and nowhere else, so this is the last moment at which its objects can be freed.
+void Viewport::hide()
+{
+  if (context()) {
+    const SilentOsg silent;
+    make_current();
+    sceneView_->releaseAllGLObjects();
+    sceneView_->flushAllDeletedGLObjects();
+  }
+  Fl_Gl_Window::hide();
+}
+
+void Viewport::bind(Model& model, std::uint32_t bit)
+{
+  model_ = &model;
+  traversalMask_ = bit;
+  sceneView_->setCullMask(bit);
+  setModelNode(model.sceneRoot());
+  redraw();
+}
+
+void Viewport::unbind()
+{
+  model_ = nullptr;
+  active_ = false;
+  scene_.setModel(nullptr);
+  camera_ = new ModManipulator(nullptr);
+  camera_->setProjectionTarget(&sceneView_->getProjectionMatrix());
+}
+
+/// A document that is loaded again, or put in place of another one, keeps the view.
+void Viewport::setModelNode(osg::Node* node)
+{
+  if (node == scene_.model() && camera_->getNode() == node) return;
+  const bool hadModel = scene_.model() != nullptr;
+  const osg::ref_ptr<ModManipulator> former = camera_;
+  former->setProjectionTarget(nullptr);
+  scene_.setModel(node);
+  camera_ = new ModManipulator(model_);
+  camera_->setNode(node);
+  camera_->setClip(preferences_.nearClip, preferences_.farClip);
+  camera_->setFieldOfView(preferences_.fieldOfView);
+  camera_->setAspect(former->lens().aspect);
+  camera_->setProjectionTarget(&sceneView_->getProjectionMatrix());
+  updateCameraSpeed();
+  fitInView();
+  if (hadModel) camera_->setPose(former->pose());
+  camera_->setOrthographic(former->lens().orthographic);
+}
+
+void Viewport::setActive(bool active)
+{
+  if (active == active_) return;
+  active_ = active;
+  redraw();
+}
+
+void Viewport::setStyle(const ViewStyle& style)
+{
+  style_ = style;
+  scene_.apply(style);
+  redraw();
+}
+
+bool Viewport::headLight() const
+{
+  return sceneView_->getLightingMode() == osgUtil::SceneView::HEADLIGHT;
+}
+
+void Viewport::setHeadLight(bool headLight)
+{
+  sceneView_->setLightingMode(headLight ? osgUtil::SceneView::HEADLIGHT : osgUtil::SceneView::SKY_LIGHT);
+  redraw();
+}
+
+void Viewport::setPreferences(const ViewportPreferences& preferences)
+{
+  const int lines = preferences_.thickLineNumber;
+  preferences_ = preferences;
+  if (preferences_.thickLineNumber == 0) preferences_.thickLineNumber = lines; // the grid divides by it
+  scene_.apply(preferences_);
+  camera_->setClip(preferences_.nearClip, preferences_.farClip);
+  camera_->setFieldOfView(preferences_.fieldOfView);
+
+  osg::Light* light = sceneView_->getLight();
+  light->setAmbient(preferences_.lightAmbient);
+  light->setDiffuse(preferences_.lightDiffuse);
+  light->setSpecular(preferences_.lightSpecular);
+
+  const bool automatic = preferences_.automaticClip;
+  sceneView_->setComputeNearFarMode(automatic ? osg::CullSettings::COMPUTE_NEAR_FAR_USING_BOUNDING_VOLUMES
+                                              : osg::CullSettings::DO_NOT_COMPUTE_NEAR_FAR);
+  sceneView_->setCullingMode(automatic ? osg::CullingSet::VIEW_FRUSTUM_SIDES_CULLING
+                                       : osg::CullingSet::VIEW_FRUSTUM_CULLING);
+  sceneView_->setSmallFeatureCullingPixelSize(preferences_.smallFeaturePixels);
+  redraw();
+}
+
+osg::BoundingBoxd Viewport::modelBox() const
+{
+  osg::BoundingBoxd box;
+  if (!scene_.model()) return box;
+  osg::ComputeBoundsVisitor bounds;
+  bounds.setTraversalMask(traversalMask_);
+  scene_.model()->accept(bounds);
+  const osg::BoundingBox& found = bounds.getBoundingBox();
+  if (found.valid()) box.set(found._min, found._max);
+  return box;
+}
+
+void Viewport::updateCameraSpeed()
+{
+  const osg::BoundingBoxd box = modelBox();
+  camera_->setSpeed(cameraSpeed(Preferences::get().sensitivity, box.valid() ? box.radius() : 0.0, preferences_.nearClip,
+                                preferences_.gridSpacing));
+}
+
+void Viewport::fitInView()
+{
+  const osg::BoundingBoxd box = modelBox();
+  // Unlike the speed after loading, this one leaves the near clip out.
+  camera_->setSpeed(cameraSpeed(Preferences::get().sensitivity, box.valid() ? box.radius() : 0.0, /*nearClip=*/0.0,
+                                preferences_.gridSpacing));
+  if (const auto pose = poseFitting(box, camera_->pose(), camera_->lens(), w(), h())) camera_->setPose(*pose);
+}
+
+void Viewport::viewAlong(const osg::Vec3d& direction, const osg::Vec3d& up)
+{
+  const bool fit = Preferences::get().zoomViewpointToModel;
+  camera_->setPose(poseAlong(direction, up, camera_->pose(), fit));
+  if (fit) fitInView();
+}
+
+bool Viewport::recallView(const std::string& text)
+{
+  const auto pose = poseFromText(text);
+  if (pose) camera_->setPose(*pose);
+  return pose.has_value();
+}
+
+void Viewport::resize(int x, int y, int w, int h)
+{
+  Fl_Gl_Window::resize(x, y, w, h);
+  if (w <= 0 || h <= 0) return;
+  events_->resize(w, h);
+  camera_->setAspect(static_cast<double>(w) / h);
+}
+
+void Viewport::draw()
+{
+  if (context() != drawnContext_) { // the first time, or after hide() and show()
+    const osg::ref_ptr<osg::State> state = new osg::State;
+    state->setContextID(nextContextId());
+    sceneView_->setState(state);
+    drawnContext_ = context();
+  }
+  if (!valid()) sceneView_->setViewport(0, 0, w(), h());
+  const double now = timer_.time_s();
+  frameStamp_->setFrameNumber(frameStamp_->getFrameNumber() + 1);
+  frameStamp_->setReferenceTime(now);
+  frameStamp_->setSimulationTime(now);
+  camera_->handle(events_->frame(now), actions_);
+  camera_->updateProjection();
+  sceneView_->setViewMatrix(camera_->getInverseMatrix());
+  sceneView_->update();
+  sceneView_->cull();
+  drawBackground(w(), h(), preferences_.backgroundTop, preferences_.backgroundBottom);
+  sceneView_->draw();
+  drawOverlays();
+}
+
+void Viewport::drawOverlays()
+{
+  drawFrame(w(), h(), active_);
+  drawOrientationAxes(w(), h(), preferences_.axesCorner, camera_->pose().orientation);
+  drawProjectionMarker(w(), h(), preferences_.axesCorner, orthographic());
+}
+
+int Viewport::handle(int event)
+{
+  switch (event) {
+  case FL_PUSH:
+    return handlePush();
+  case FL_DRAG:
+    return handleDrag();
+  case FL_RELEASE:
+    return handleRelease();
+  case FL_MOUSEWHEEL:
+    camera_->turnWheel(-Fl::event_dy(), Fl::event_shift() != 0);
+    return 1;
+  case FL_KEYDOWN:
+    return handleKey();
+  case FL_SHORTCUT:
+    return isModifier(Fl::event_key()) ? 1 : Fl_Gl_Window::handle(event);
+  case FL_ENTER:
+    // Keys go where the mouse is, unless somebody is typing.
+    if (!dynamic_cast<Fl_Input_*>(Fl::focus())) take_focus();
+    return 1;
+  case FL_MOVE:
+  case FL_LEAVE:
+  case FL_FOCUS:
+  case FL_UNFOCUS:
+    return 1;
+  default:
+    return Fl_Gl_Window::handle(event);
+  }
+}
+
+void Viewport::activate()
+{
+  take_focus();
+  if (model_) model_->setActiveViewport(this);
+}
+
+int Viewport::handlePush()
+{
+  activate();
+  if (Fl::event_button() != FL_RIGHT_MOUSE) return 1;
+  if (Fl::event_ctrl() && Fl::event_alt())
+    openMenu();
+  else
+    startGesture();
+  return 1;
+}
+
+int Viewport::handleDrag()
+{
+  if (!gesture_) return 1;
+  if (buttonOfModifiers() != *gesture_) {
+    endGesture();
+    startGesture();
+  }
+  camera_->handle(events_->drag(Fl::event_x(), Fl::event_y()), actions_);
+  showGesture(camera_->gesture());
+  return 1;
+}
+
+int Viewport::handleRelease()
+{
+  if (Fl::event_button() == FL_RIGHT_MOUSE && gesture_) endGesture();
+  return 1;
+}
+
+void Viewport::startGesture()
+{
+  gesture_ = buttonOfModifiers();
+  camera_->handle(events_->press(Fl::event_x(), Fl::event_y(), *gesture_), actions_);
+  showGesture(startOf(*gesture_));
+}
+
+void Viewport::endGesture()
+{
+  camera_->handle(events_->release(Fl::event_x(), Fl::event_y()), actions_);
+  gesture_.reset();
+  showGesture(CameraGesture::none);
+}
+
+void Viewport::showGesture(CameraGesture gesture)
+{
+  if (gesture == shownGesture_) return;
+  shownGesture_ = gesture;
+  showCameraCursor(*this, gesture);
+}
+
+int Viewport::handleKey()
+{
+  const int key = Fl::event_key();
+  if (isModifier(key) || key == FL_Escape) return 1;
+  if (key == FL_Menu) {
+    openMenu();
+    return 1;
+  }
+  const bool plain = !Fl::event_shift() && !Fl::event_ctrl() && !Fl::event_alt();
+  if (key == 'u' && plain) return 1; // next to i and h: a slip must not reach anything else
+  return runViewportKey(*this) ? 1 : 0;
+}
+
+void Viewport::openMenu()
+{
+  const std::vector<Fl_Menu_Item> items = viewportMenu(this, pickedInMenu);
+  const Fl_Menu_Item* picked = items.front().popup(Fl::event_x(), Fl::event_y());
+  if (!picked || !picked->user_data()) return;
+  const auto& action = *static_cast<const ViewportAction*>(picked->user_data());
+  const bool byKey = picked->shortcut() != 0 && Fl::test_shortcut(static_cast<Fl_Shortcut>(picked->shortcut())) != 0;
+  runViewportAction(action, *this, byKey);
+}
+
+} // namespace nalt

@@ -1,0 +1,102 @@
+#pragma once
+
+#include "core/VPBase.h"
+#include "scene/view/FLTKActionAdapter.h"
+#include "scene/view/FLTKEventAdapter.h"
+#include "scene/view/ModManipulator.h"
+#include "scene/view/ViewScene.h"
+#include "scene/view/ViewportPreferences.h"
+
+#include <FL/Fl_Gl_Window.H>
+#include <osg/FrameStamp>
+#include <osg/Timer>
+#include <osgUtil/SceneView>
+
+#include <optional>
+#include <string>
+
+namespace nalt {
+
+/// One OpenGL panel that shows one model with a camera of its own. It draws only when something asks for a redraw. Can
+/// be made and bound without a display; only drawing needs one.
+class Viewport : public Fl_Gl_Window, public VPBase {
+public:
+  /// `name` says which corner of the model it takes ("ul", "ur", "ll", "lr"); it must outlive the viewport.
+  Viewport(int x, int y, int w, int h, const char* name);
+  ~Viewport() override;
+
+  // VPBase
+  Fl_Widget& widget() override { return *this; }
+  bool drawsScene() const override { return true; }
+  void bind(Model& model, std::uint32_t bit) override;
+  void unbind() override;
+  void setActive(bool active) override;
+
+  Model* model() const { return model_; }
+  bool isActive() const { return active_; }
+  const std::string& name() const { return name_; }
+  ModManipulator& camera() { return *camera_; }
+  const ModManipulator& camera() const { return *camera_; }
+  osgUtil::SceneView& sceneView() { return *sceneView_; }
+  ViewScene& scene() { return scene_; }
+
+  const ViewStyle& style() const { return style_; }
+  void setStyle(const ViewStyle& style);
+  bool orthographic() const { return camera_->lens().orthographic; }
+  void setOrthographic(bool orthographic) { camera_->setOrthographic(orthographic); }
+  /// A light at the eye, or one that stands still in the sky.
+  bool headLight() const;
+  void setHeadLight(bool headLight);
+  const ViewportPreferences& preferences() const { return preferences_; }
+  void setPreferences(const ViewportPreferences& preferences);
+
+  /// Frames the whole model; an empty one leaves the camera where it is. Automatic speeds follow the model's size.
+  void fitInView();
+  /// Looks along `direction` at the same centre; a zero `up` is chosen by the direction.
+  void viewAlong(const osg::Vec3d& direction, const osg::Vec3d& up = osg::Vec3d());
+  std::string storedView() const { return textOf(camera_->pose()); }
+  /// False, and the camera unchanged, when `text` isn't what `storedView` gives.
+  bool recallView(const std::string& text);
+  /// Takes the sensitivities of the preferences over.
+  void updateCameraSpeed();
+  void openMenu();
+
+  void hide() override;
+  void resize(int x, int y, int w, int h) override;
+  int handle(int event) override;
+
+protected:
+  void draw() override;
+
+private:
+  void setModelNode(osg::Node* node);
+  osg::BoundingBoxd modelBox() const;
+  void drawOverlays();
+  int handlePush();
+  int handleDrag();
+  int handleRelease();
+  int handleKey();
+  void startGesture();
+  void endGesture();
+  void showGesture(CameraGesture gesture);
+  void activate();
+
+  std::string name_;
+  Model* model_ = nullptr;
+  bool active_ = false;
+  std::uint32_t traversalMask_ = ~0U;
+  ViewScene scene_;
+  osg::ref_ptr<osgUtil::SceneView> sceneView_ = new osgUtil::SceneView;
+  osg::ref_ptr<ModManipulator> camera_;
+  osg::ref_ptr<osg::FrameStamp> frameStamp_ = new osg::FrameStamp;
+  osg::ref_ptr<FLTKEventAdapter> events_ = new FLTKEventAdapter;
+  FLTKActionAdapter actions_;
+  osg::Timer timer_;
+  GLContext drawnContext_ = nullptr; ///< the one that the scene view's state belongs to
+  ViewStyle style_;
+  ViewportPreferences preferences_;
+  std::optional<CameraButton> gesture_; ///< the drag of the right button in force
+  CameraGesture shownGesture_ = CameraGesture::none;
+};
+
+} // namespace nalt

@@ -1,0 +1,89 @@
+#pragma once
+
+#include "core/MacroCommand.h"
+
+#include <map>
+#include <string>
+#include <vector>
+
+namespace nalt {
+
+class Model;
+
+/// One run of one script. While it lives, the program is quiet: no dialogs, questions take the preset answer, messages
+/// go to the script's output.
+class ScriptRun {
+public:
+  /// @param batch a run from the command line, with no window and no model at the start; else the open models are the
+  ///              script's models
+  explicit ScriptRun(bool batch);
+  ScriptRun(const ScriptRun&) = delete;
+  ScriptRun& operator=(const ScriptRun&) = delete;
+  /// A batch run closes its models without saving.
+  ~ScriptRun();
+
+  /// The run that the bindings work for, null when no script runs.
+  static ScriptRun* active() { return active_; }
+  /// Makes a run the active one for the time of a block. A macro that a script starts thus nests.
+  class Activation {
+  public:
+    explicit Activation(ScriptRun& run) : before_(active_) { active_ = &run; }
+    Activation(const Activation&) = delete;
+    Activation& operator=(const Activation&) = delete;
+    ~Activation() { active_ = before_; }
+
+  private:
+    ScriptRun* before_;
+  };
+
+  bool batch() const { return batch_; }
+  bool noLineFeed() const { return noLineFeed_; }
+  /// File that output and errors are appended to, empty for none.
+  const std::string& logFile() const { return logFile_; }
+
+  // ---- the models of the run, by file name -----------------------------------------------------------------------
+
+  Model* currentModel() const { return currentModel_; }
+  const std::string& currentFilename() const { return currentFilename_; }
+  const std::map<std::string, Model*>& models() const { return models_; }
+  Model* modelNamed(const std::string& filename) const;
+  /// Enters the model under its path and makes it current, in the window too.
+  void enter(Model& model);
+  /// The current model has another path now.
+  void rename();
+  /// The current model is gone; the window's current one, if any, takes its place.
+  void dropCurrent();
+  void setCurrent(Model& model);
+
+  /// Adds `text` to the output and to the log, with a line end unless the run wants none.
+  void output(const std::string& text) const;
+  void log(const std::string& text) const;
+
+private:
+  static ScriptRun* active_;
+
+  std::map<std::string, Model*> models_;
+  Model* currentModel_ = nullptr;
+  std::string currentFilename_;
+  std::string logFile_;
+  bool batch_;
+  bool wasQuiet_;
+  bool wasBatch_;
+  bool noLineFeed_;
+};
+
+/// The function behind `print` and the messages of a quiet run; standard output when no script runs.
+void scriptOutput(const ScriptRun* run, const std::string& text);
+
+/// Executes a script file in a fresh Lua state. False when it couldn't be loaded or ended with an error, whose text
+/// `errorText` then holds. Parameters become globals.
+/// @param arguments, programName the global table `arg` of a batch run
+bool runScript(ScriptRun& run, const std::string& scriptPath, std::string& errorText,
+               const std::vector<MacroParameter>& parameters, const std::vector<std::string>& arguments,
+               const std::string& programName);
+
+/// What NALT_PATH_TO_SCRIPT says: the folder of the script with its separator, empty for a bare file name. A relative
+/// path is made absolute against its own folder, which so appears twice.
+std::string pathToScript(const std::string& scriptPath);
+
+} // namespace nalt
