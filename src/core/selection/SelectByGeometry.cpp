@@ -186,6 +186,7 @@ bool selectNakedEdges(Model& model, bool undoable)
     }
     first = last;
   }
+  model.selections().noteFreedElements(edges->size());
   if (naked->empty()) return false;
   model.selections().select(std::move(naked),
                             recordedChange("selectNakedEdges", luaCall("selectNakedEdges"), undoable));

@@ -156,12 +156,14 @@ bool SelectionSet::toggle(const Selection& selection, const SelectionChange& cha
 void SelectionSet::clear(const SelectionChange& change)
 {
   if (current_.empty()) return;
-  constexpr std::size_t large = 100'000;
-  const bool wasLarge = current_.size() > large;
+  noteFreedElements(current_.size());
   Selections before = std::move(current_);
   current_.clear();
   finish(std::move(before), {}, change);
-  if (wasLarge) giveBackFreedMemory();
+  constexpr std::size_t large = 100'000;
+  if (freedElements_ < large) return;
+  freedElements_ = 0;
+  giveBackFreedMemory();
 }
 
 void SelectionSet::selectPrevious(const SelectionChange& change)

@@ -103,6 +103,10 @@ public:
   /// Records left the tree: they can't stay selected.
   void forget(const fltapi::PrimNodeRecord& node);
 
+  /// So many elements were held and let go on the way to a selection. After many of them the next clear() gives their
+  /// memory back to the system.
+  void noteFreedElements(std::size_t count) { freedElements_ += count; }
+
   // Not owned.
   std::vector<SelectionListener*> listeners;
   std::vector<PivotListener*> pivotListeners;
@@ -119,6 +123,7 @@ private:
   Selections current_;
   Selections previous_;
   mutable PivotState pivot_;
+  std::size_t freedElements_ = 0;
 };
 
 } // namespace nalt
