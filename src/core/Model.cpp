@@ -1,8 +1,10 @@
 #include "core/Model.h"
 
+#include "core/DefaultColors.h"
 #include "core/Shell.h"
 #include "core/TabLabel.h"
 #include "fltapi/FltFile.h"
+#include "fltapi/palettes/ColorPaletteRecord.h"
 #include "platform/Paths.h"
 
 #include <FL/Fl.H>
@@ -67,6 +69,7 @@ bool Model::createEmpty()
   new_ = true;
   file_ = new fltapi::FltFile;
   file_->initNew();
+  if (auto* palette = file_->colorPalette()) fillDefaultColors(*palette);
   scene_ = nullptr;
   return true;
 }
