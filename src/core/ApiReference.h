@@ -34,7 +34,8 @@ struct ApiArgument {
   /// As Lua writes it; empty for an argument that must be there.
   std::string_view otherwise = {};
   const ApiChoices* choices = nullptr;
-  std::string_view choiceError = {}; ///< raised for a text that is none of the choices
+  std::string_view error = {}; ///< raised for a text that is none of the choices, or a number that is out of range
+  int maximum = -1;            ///< an integer is in range from 0 to this; -1 where nothing is raised
 
   bool optional() const { return !otherwise.empty(); }
 };

@@ -356,7 +356,7 @@ TEST(ApiReference, TellsWhatEachArgumentMeans)
         EXPECT_FALSE(first && argument.meaning.empty());
         first = false;
         EXPECT_TRUE(argument.meaning.empty() || argument.meaning.ends_with('.') || argument.choices);
-        EXPECT_EQ(argument.choices != nullptr, !argument.choiceError.empty());
+        EXPECT_EQ(argument.choices != nullptr || argument.maximum >= 0, !argument.error.empty());
         if (argument.type == ApiType::boolean && argument.optional()) {
           EXPECT_TRUE(argument.otherwise == "true" || argument.otherwise == "false");
         }

@@ -4,9 +4,15 @@ namespace nalt::api {
 
 namespace {
 
+constexpr std::string_view layerMeaning = "The texture layer, 0 - 7.";
+constexpr std::string_view badLayer = "Invalid texture mapping layer index.";
+constexpr int lastLayer = 7;
+constexpr ApiArgument layer{"layer", integer, layerMeaning, {}, nullptr, badLayer, lastLayer};
+constexpr ApiArgument optionalLayer{"layer", integer, layerMeaning, "0", nullptr, badLayer, lastLayer};
+
 constexpr ApiArgument mapTexture[] = {
     {"type", text, oneOf, {}, &mappingTypes, "Invalid texture mapping type."},
-    {"layer", integer, "The texture layer, 0 - 7."},
+    layer,
     {"addToPalette", boolean, "true if the texture mapping should be added to the palette."},
 };
 constexpr ApiArgument threePoint[] = {
@@ -110,12 +116,11 @@ constexpr ApiForm mappingForms[] = {
     {"SPHERICAL", spherical},
 };
 
-constexpr ApiArgument layer{"layer", integer, "The texture layer, 0 - 7.", "0"};
 constexpr ApiArgument move[] = {
     {"x", number, "The movement along x."},
     {"y", number, "The movement along y."},
     {"z", number, "The movement along z."},
-    layer,
+    optionalLayer,
     {"freezeX", boolean, "true if the x axis is frozen.", "false"},
     {"freezeY", boolean, "true if the y axis is frozen.", "false"},
     {"freezeZ", boolean, "true if the z axis is frozen.", "false"},
@@ -125,16 +130,16 @@ constexpr ApiArgument rotate[] = {
     {"axisX", number, "The x component of the rotation axis."},
     {"axisY", number, "The y component of the rotation axis."},
     {"axisZ", number, "The z component of the rotation axis."},
-    layer,
+    optionalLayer,
 };
 constexpr ApiArgument scale[] = {
     {"scaleX", number, "The scale factor along x."},
     {"scaleY", number, "The scale factor along y."},
     {"scaleZ", number, "The scale factor along z."},
-    layer,
+    optionalLayer,
 };
 
-constexpr ApiArgument modifiedLayer[] = {{"layer", integer, "The texture layer, 0 - 7."}};
+constexpr ApiArgument onlyLayer[] = {layer};
 constexpr ApiArgument modified[] = {
     {"vertexNameX", text, "The name of vertex number X, such as \"p19/V2\"."},
     {"uX", number, "The new u coordinate of vertex number X."},
@@ -172,7 +177,7 @@ constexpr ApiFunction functions[] = {
      .description = "Modifies the texture coordinate of one or more given vertices.",
      .returns = "true if any texture coordinate was changed.",
      .result = Result::boolean,
-     .arguments = modifiedLayer,
+     .arguments = onlyLayer,
      .group = modified,
      .countError = "Invalid number of modifyUV parameters.",
      // "u2, u2" stays as it is.
