@@ -56,7 +56,7 @@ install_for()
     fi
     as_root=(sudo)
   fi
-  say "Installing ${#lacking[@]} packages: ${lacking[*]}"
+  say "Installing: ${lacking[*]}"
   local apt=("${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -q -o DPkg::Lock::Timeout=600)
   logged "Refreshing the package lists" "${apt[@]}" update || return 1
   logged "Installing packages" "${apt[@]}" install -y --no-install-recommends "${lacking[@]}"

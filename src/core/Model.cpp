@@ -2,6 +2,8 @@
 
 #include "core/Shell.h"
 #include "core/TabLabel.h"
+#include "fltapi/FltFile.h"
+#include "platform/Paths.h"
 
 #include <FL/Fl.H>
 #include <FL/fl_draw.H>
@@ -31,7 +33,7 @@ void drawPlain(const Fl_Label* label, int x, int y, int w, int h, Fl_Align align
 {
   fl_font(label->font, label->size);
   fl_color(label->color);
-  fl_draw(label->value, x, y, w, h, align, nullptr, /*draw_symbols=*/0);
+  fl_draw(label->value, x, y - 1, w, h, align, nullptr, /*draw_symbols=*/0); // a tab is low: room for descenders
 }
 
 void measurePlain(const Fl_Label* label, int& w, int& h)
@@ -63,45 +65,53 @@ Model::~Model()
 bool Model::createEmpty()
 {
   new_ = true;
-  scene_ = new osg::Group;
+  file_ = new fltapi::FltFile;
+  file_->initNew();
+  scene_ = nullptr;
   return true;
 }
 
 bool Model::load(const std::string& path)
 {
-  osg::ref_ptr<osg::Node> node = osgDB::readRefNodeFile(path);
-  if (!node) return false;
+  file_ = new fltapi::FltFile;
+  scene_ = nullptr;
+  if (!file_->load(path)) {
+    file_ = nullptr;
+    return false;
+  }
   path_ = path;
-  scene_ = new osg::Group;
-  scene_->addChild(node);
   return true;
 }
 
 fltapi::FltFile* Model::fltFile() const
 {
-  return nullptr;
+  return file_.get();
 }
 
 osg::Group* Model::sceneRoot()
 {
+  if (scene_) return scene_;
+  scene_ = new osg::Group;
+  if (const osg::ref_ptr<osg::Node> node = osgDB::readRefNodeFile(path_)) scene_->addChild(node);
   return scene_;
 }
 
 void Model::setPath(std::string path)
 {
   path_ = std::move(path);
+  if (file_) file_->setPath(path_);
 }
 
 void Model::nameTab(const std::vector<std::string>& labelsInUse)
 {
-  copy_label(markedLabel(tabLabel(fileNameOf(path_), labelsInUse), dirty_).c_str());
+  copy_label(markedLabel(tabLabel(fileNamePart(path_), labelsInUse), dirty_).c_str());
 }
 
 void Model::setDirty(bool dirty)
 {
   dirty_ = dirty;
   if (!dirty) new_ = false;
-  copy_label(scene_ ? markedLabel(tabText(), dirty).c_str() : "");
+  copy_label(file_ ? markedLabel(tabText(), dirty).c_str() : "");
   labelsize(labelSize);
   if (parent()) parent()->redraw();
   Shell::get().documentChanged(*this);

@@ -2,6 +2,7 @@
 
 #include "core/CommandStack.h"
 #include "core/VPBase.h"
+#include "core/selection/SelectionSet.h"
 
 #include <FL/Fl_Tile.H>
 #include <osg/Group>
@@ -76,6 +77,7 @@ public:
   void redrawViewports();
 
   CommandStack& commandStack() { return commandStack_; }
+  SelectionSet& selections() { return selections_; }
   /// Brings what depends on the edits up to date after one was undone or redone.
   void followHistory();
 
@@ -87,6 +89,7 @@ public:
   void resize(int x, int y, int w, int h) override;
 
 private:
+  osg::ref_ptr<fltapi::FltFile> file_;
   osg::ref_ptr<osg::Group> scene_;
   std::string path_;
   bool dirty_ = false;
@@ -94,6 +97,7 @@ private:
   std::vector<VPBase*> viewports_;
   VPBase* activeViewport_ = nullptr;
   DisplaySwitches switches_;
+  SelectionSet selections_{*this};
   CommandStack commandStack_{*this};
 };
 

@@ -28,12 +28,6 @@ Numbered parse(const std::string& label)
 
 } // namespace
 
-std::string fileNameOf(const std::string& path)
-{
-  const auto separator = path.find_last_of("/\\");
-  return separator == std::string::npos ? path : path.substr(separator + 1);
-}
-
 std::string tabLabel(const std::string& name, const std::vector<std::string>& labelsInUse)
 {
   long long highest = 0;

@@ -4,6 +4,7 @@
 #include "script/Call.h"
 #include "script/ScriptRun.h"
 #include "script/bindings/ModelBindings.h"
+#include "script/bindings/SelectionBindings.h"
 #include "script/bindings/ServiceBindings.h"
 
 #include <algorithm>
@@ -26,7 +27,8 @@ std::map<std::string_view, Entry> makeEntries()
   std::map<std::string_view, Entry> entries;
   for (const auto& function : ApiReference::functions())
     if (function.aliasOf.empty()) entries[function.name] = {&function, nullptr};
-  for (const auto family : {bindings::modelBindings(), bindings::serviceBindings()}) {
+  for (const auto family : {bindings::modelBindings(), bindings::selectionBindings(), bindings::traverseBindings(),
+                            bindings::serviceBindings()}) {
     for (const auto& binding : family) {
       const auto found = entries.find(binding.name);
       if (found == entries.end()) std::abort(); // a binding of a function that the reference doesn't have

@@ -98,6 +98,11 @@ Model& Call::model() const
   return *run_.currentModel();
 }
 
+bool Call::records() const
+{
+  return run_.records();
+}
+
 /// A binding that asks for an argument its function doesn't have is a mistake of ours.
 const ApiArgument& Call::row(std::string_view name) const
 {
@@ -149,6 +154,17 @@ int Call::giveNumber(double value) const
 int Call::giveText(std::string_view value) const
 {
   lua_pushlstring(lua_, value.data(), value.size());
+  return 1;
+}
+
+int Call::give(const std::vector<std::string>& texts) const
+{
+  lua_createtable(lua_, static_cast<int>(texts.size()), 0);
+  int key = 0;
+  for (const auto& text : texts) {
+    giveText(text);
+    lua_rawseti(lua_, -2, ++key);
+  }
   return 1;
 }
 

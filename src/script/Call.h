@@ -4,6 +4,7 @@
 
 #include <concepts>
 #include <string>
+#include <vector>
 
 struct lua_State;
 
@@ -23,6 +24,8 @@ public:
   ScriptRun& run() const { return run_; }
   /// Only for functions that need a model.
   Model& model() const;
+  /// Whether what the call does goes on the undo stack.
+  bool records() const;
   const Arguments& arguments() const { return arguments_; }
 
   // ---- arguments ----------------------------------------------------------------------------------------------------
@@ -45,6 +48,8 @@ public:
   int give(std::same_as<double> auto value) const { return giveNumber(value); }
   int give(const std::string& value) const { return giveText(value); }
   int give(const char* value) const { return giveText(value); }
+  /// A table with keys from 1.
+  int give(const std::vector<std::string>& texts) const;
   /// What the function gives when there is nothing that it could work on.
   int giveNeutral() const;
 

@@ -4,13 +4,6 @@
 
 namespace nalt {
 
-TEST(TabLabel, IsTheFileNameWithoutFolders)
-{
-  EXPECT_EQ(fileNameOf("/models/tank/a.flt"), "a.flt");
-  EXPECT_EQ(fileNameOf("C:\\models\\a.flt"), "a.flt");
-  EXPECT_EQ(fileNameOf("a.flt"), "a.flt");
-}
-
 TEST(TabLabel, AFreeNameGetsNoNumber)
 {
   EXPECT_EQ(tabLabel("a.flt", {}), "a.flt");

@@ -362,7 +362,7 @@ int Viewport::handleKey()
 
 void Viewport::openMenu()
 {
-  const std::vector<Fl_Menu_Item> items = viewportMenu(*this, pickedInMenu);
+  const std::vector<Fl_Menu_Item> items = viewportMenu(this, pickedInMenu);
   const Fl_Menu_Item* picked = items.front().popup(Fl::event_x(), Fl::event_y());
   if (!picked || !picked->user_data()) return;
   const auto& action = *static_cast<const ViewportAction*>(picked->user_data());

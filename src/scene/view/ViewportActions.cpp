@@ -163,12 +163,12 @@ bool sameGroup(const char* a, const char* b)
   return a == b || (a && b && std::strcmp(a, b) == 0);
 }
 
-Fl_Menu_Item itemOf(const ViewportAction& action, const Viewport& viewport, Fl_Callback* callback)
+Fl_Menu_Item itemOf(const ViewportAction& action, const Viewport* viewport, Fl_Callback* callback)
 {
   int flags = 0;
   if (!action.run) flags |= FL_MENU_INACTIVE;
   if (action.isOn) flags |= action.isChoice ? FL_MENU_RADIO : FL_MENU_TOGGLE;
-  if (action.isOn && action.isOn(viewport)) flags |= FL_MENU_VALUE;
+  if (viewport && action.isOn && action.isOn(*viewport)) flags |= FL_MENU_VALUE;
   void* data = const_cast<ViewportAction*>(&action); // FLTK's user data is never const; readers take it as const again
   return {action.label, action.key, callback, data, flags, 0, FL_HELVETICA, textSize, 0};
 }
@@ -186,7 +186,7 @@ std::span<const ViewportAction> viewportActions()
   return actions;
 }
 
-std::vector<Fl_Menu_Item> viewportMenu(const Viewport& viewport, Fl_Callback* callback)
+std::vector<Fl_Menu_Item> viewportMenu(const Viewport* viewport, Fl_Callback* callback)
 {
   std::vector<Fl_Menu_Item> items;
   const char* group = nullptr;

@@ -23,9 +23,10 @@ struct ViewportAction {
 
 std::span<const ViewportAction> viewportActions();
 
-/// The menu of `viewport` with its check marks as they are now, ready for a pop-up or a copy into another menu. The
-/// user data of an entry is its ViewportAction, its callback is `callback`.
-std::vector<Fl_Menu_Item> viewportMenu(const Viewport& viewport, Fl_Callback* callback);
+/// The menu of `viewport` with its check marks as they are now, for a pop-up or as part of another menu, with the end
+/// mark of FLTK's menus behind it. Without a viewport nothing is on. The user data of an entry is its ViewportAction,
+/// its callback is `callback`.
+std::vector<Fl_Menu_Item> viewportMenu(const Viewport* viewport, Fl_Callback* callback);
 
 /// Does what `action` says; `byKey` when its key was pressed instead of its entry picked.
 void runViewportAction(const ViewportAction& action, Viewport& viewport, bool byKey);

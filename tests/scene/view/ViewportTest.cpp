@@ -181,10 +181,10 @@ TEST_F(ViewportTest, ClipDistancesCountOnlyWhenNotAutomatic)
 
 TEST_F(ViewportTest, TheMenuHasFiftyFiveEntriesAndItsOwnCheckMarks)
 {
-  const auto items = viewportMenu(*view, nullptr);
+  const auto items = viewportMenu(view, nullptr);
   EXPECT_EQ(items.size(), 55U + 1U); // and the end mark
   const auto valueOf = [&](const std::string& label) {
-    for (const Fl_Menu_Item& item : viewportMenu(*view, nullptr))
+    for (const Fl_Menu_Item& item : viewportMenu(view, nullptr))
       if (item.label() && label == item.label()) return item.value() != 0;
     ADD_FAILURE() << "no entry " << label;
     return false;

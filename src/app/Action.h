@@ -1,0 +1,28 @@
+#pragma once
+
+namespace nalt {
+
+class Gui;
+
+/// When an entry of a menu or tool bar can be used.
+using Condition = bool (*)(const Gui&);
+/// What it does.
+using Operation = void (*)(Gui&);
+
+/// The conditions, by what must be there. While a file operation runs, what could disturb it is off.
+namespace when {
+bool always(const Gui& gui);
+bool never(const Gui& gui);
+bool idle(const Gui& gui);          ///< no file operation runs
+bool model(const Gui& gui);         ///< a model is open
+bool idleModel(const Gui& gui);     ///< a model is open and no file operation runs
+bool closable(const Gui& gui);      ///< the current model isn't being written
+bool revertable(const Gui& gui);    ///< the current model has a file to go back to
+bool severalModels(const Gui& gui); ///< at least two
+bool viewport(const Gui& gui);      ///< the current model has an active viewport
+bool undoable(const Gui& gui);
+bool redoable(const Gui& gui);
+bool recentFiles(const Gui& gui); ///< there are files to open again
+} // namespace when
+
+} // namespace nalt

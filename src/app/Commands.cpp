@@ -1,0 +1,192 @@
+#include "app/Commands.h"
+
+#include "app/AboutDialog.h"
+#include "app/Gui.h"
+#include "core/Model.h"
+#include "scene/view/Viewport.h"
+
+#include <FL/Fl.H>
+
+namespace nalt::commands {
+
+namespace {
+
+Viewport* activeViewport(const Gui& gui)
+{
+  const Model* model = gui.currentModel();
+  return model ? dynamic_cast<Viewport*>(model->activeViewport()) : nullptr;
+}
+
+/// Shows the texture layers whose bits are set in `layers`.
+void setLayers(const Gui& gui, unsigned layers)
+{
+  Model* model = gui.currentModel();
+  if (!model) return;
+  DisplaySwitches switches = model->switches();
+  switches.textureLayers = static_cast<std::uint8_t>(layers);
+  model->setSwitches(switches);
+}
+
+unsigned layersOf(const Gui& gui)
+{
+  const Model* model = gui.currentModel();
+  return model ? model->switches().textureLayers : DisplaySwitches().textureLayers;
+}
+
+std::string nameOf(const char* verb, const CommandStack::Commands* commands)
+{
+  return commands && !commands->empty() ? verb + (" " + commands->back()->name()) : verb;
+}
+
+} // namespace
+
+void newModel(Gui& gui)
+{
+  gui.createUntitled();
+}
+
+void open(Gui& gui)
+{
+  gui.files().chooseAndOpen();
+}
+
+void revert(Gui& gui)
+{
+  gui.files().revert(/*synchronous=*/false);
+}
+
+void save(Gui& gui)
+{
+  gui.save();
+}
+
+void saveAs(Gui& gui)
+{
+  gui.saveAs();
+}
+
+void import(Gui& gui)
+{
+  gui.files().chooseAndImport();
+}
+
+void closeModel(Gui& gui)
+{
+  gui.closeModel();
+}
+
+void closeAllModels(Gui& gui)
+{
+  gui.closeAllModels();
+}
+
+void exit(Gui& gui)
+{
+  gui.exitProgram();
+}
+
+void undo(Gui& gui)
+{
+  if (Model* model = gui.currentModel()) model->commandStack().undo();
+}
+
+void redo(Gui& gui)
+{
+  if (Model* model = gui.currentModel()) model->commandStack().redo();
+}
+
+std::string undoName(const Gui& gui)
+{
+  Model* model = gui.currentModel();
+  return nameOf("Undo", model ? &model->commandStack().undoCommands() : nullptr);
+}
+
+std::string redoName(const Gui& gui)
+{
+  Model* model = gui.currentModel();
+  return nameOf("Redo", model ? &model->commandStack().redoCommands() : nullptr);
+}
+
+void nextModel(Gui& gui)
+{
+  gui.nextModel(+1);
+}
+
+void previousModel(Gui& gui)
+{
+  gui.nextModel(-1);
+}
+
+void enableAllLayers(Gui& gui)
+{
+  setLayers(gui, 0xFFU);
+}
+
+void disableAllLayers(Gui& gui)
+{
+  setLayers(gui, 0U);
+}
+
+void baseLayerOnly(Gui& gui)
+{
+  setLayers(gui, 1U);
+}
+
+void toggleLayer(Gui& gui, int layer)
+{
+  setLayers(gui, layersOf(gui) ^ (1U << layer));
+}
+
+bool showsLayer(const Gui& gui, int layer)
+{
+  return (layersOf(gui) >> layer & 1U) != 0;
+}
+
+void toggleLargeVertices(Gui& gui)
+{
+  Viewport* viewport = activeViewport(gui);
+  if (!viewport) return;
+  ViewStyle style = viewport->style();
+  style.largeVertices = !style.largeVertices;
+  viewport->setStyle(style);
+}
+
+bool hasLargeVertices(const Gui& gui)
+{
+  const Viewport* viewport = activeViewport(gui);
+  return viewport && viewport->style().largeVertices;
+}
+
+void about(Gui&)
+{
+  showAboutDialog();
+}
+
+void setMode(Gui& gui, int number)
+{
+  gui.setSelectionMode(number);
+}
+
+bool isMode(const Gui& gui, int number)
+{
+  return gui.selectionMode() == number;
+}
+
+void openRecent(Gui& gui, int place)
+{
+  const std::vector<std::string>& paths = gui.recentFiles().paths();
+  if (place < static_cast<int>(paths.size())) gui.openFiles({paths[static_cast<std::size_t>(place)]});
+}
+
+std::string recentLabel(const Gui& gui, int place)
+{
+  const std::vector<std::string>& paths = gui.recentFiles().paths();
+  if (place >= static_cast<int>(paths.size())) return "";
+  std::string label = "&" + std::to_string(place + 1) + ". ";
+  // A single "&" would underline the letter behind it.
+  for (const char c : paths[static_cast<std::size_t>(place)])
+    label += c == '&' ? std::string("&&") : std::string(1, c);
+  return label;
+}
+
+} // namespace nalt::commands

@@ -1,0 +1,82 @@
+#pragma once
+
+#include <string>
+
+namespace nalt {
+
+class Gui;
+
+/// What entries of menus and tool bars do, one small function for each.
+namespace commands {
+
+void newModel(Gui& gui);
+void open(Gui& gui);
+void revert(Gui& gui);
+void save(Gui& gui);
+void saveAs(Gui& gui);
+void import(Gui& gui);
+void closeModel(Gui& gui);
+void closeAllModels(Gui& gui);
+void exit(Gui& gui);
+
+void undo(Gui& gui);
+void redo(Gui& gui);
+/// "Undo" with the name of what it takes back; the same for "Redo".
+std::string undoName(const Gui& gui);
+std::string redoName(const Gui& gui);
+
+void nextModel(Gui& gui);
+void previousModel(Gui& gui);
+void enableAllLayers(Gui& gui);
+void disableAllLayers(Gui& gui);
+void baseLayerOnly(Gui& gui);
+void toggleLargeVertices(Gui& gui);
+bool hasLargeVertices(const Gui& gui);
+void about(Gui& gui);
+
+void setMode(Gui& gui, int number);
+bool isMode(const Gui& gui, int number);
+void toggleLayer(Gui& gui, int layer);
+bool showsLayer(const Gui& gui, int layer);
+void openRecent(Gui& gui, int place);
+/// Empty when there are fewer files.
+std::string recentLabel(const Gui& gui, int place);
+
+template <int number>
+void mode(Gui& gui)
+{
+  setMode(gui, number);
+}
+
+template <int number>
+bool isMode(const Gui& gui)
+{
+  return isMode(gui, number);
+}
+
+template <int number>
+void layer(Gui& gui)
+{
+  toggleLayer(gui, number);
+}
+
+template <int number>
+bool hasLayer(const Gui& gui)
+{
+  return showsLayer(gui, number);
+}
+
+template <int place>
+void recent(Gui& gui)
+{
+  openRecent(gui, place);
+}
+
+template <int place>
+std::string recentName(const Gui& gui)
+{
+  return recentLabel(gui, place);
+}
+
+} // namespace commands
+} // namespace nalt

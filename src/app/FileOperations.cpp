@@ -1,0 +1,266 @@
+#include "app/FileOperations.h"
+
+#include "app/FileLists.h"
+#include "app/Gui.h"
+#include "app/GuiWidgets.h"
+#include "core/Model.h"
+#include "fltapi/FltFile.h"
+#include "fltapi/VersionText.h"
+#include "platform/Paths.h"
+
+#include <FL/Fl.H>
+#include <FL/Fl_Double_Window.H>
+
+#include <algorithm>
+#include <filesystem>
+
+namespace nalt {
+
+namespace {
+
+constexpr double pollInterval = 0.0333; // seconds
+constexpr int smallestWindowWidth = 400;
+constexpr int smallestWindowHeight = 300;
+
+const std::vector<FileFilter> openFlightFilter = {{"OpenFlight", "*.flt"}};
+
+bool exists(const std::string& path)
+{
+  std::error_code ignored;
+  return std::filesystem::exists(path, ignored);
+}
+
+} // namespace
+
+FileOperations::FileOperations(Gui& gui) : gui_(gui) {}
+
+FileOperations::~FileOperations()
+{
+  Fl::remove_timeout(poll, this);
+  if (job_) worker_.join();
+}
+
+std::unique_ptr<FileJob> FileOperations::makeJob(FileOperationKind kind, const std::string& path)
+{
+  auto job = std::make_unique<FileJob>();
+  job->kind = kind;
+  job->path = path;
+  job->buildScene = !gui_.headless();
+  return job;
+}
+
+bool FileOperations::open(const std::string& path, bool synchronous)
+{
+  if (!isOpenFlightPath(path)) {
+    gui_.warning("Invalid OpenFlight file: " + path);
+    return false;
+  }
+  return submit(makeJob(FileOperationKind::open, path), synchronous);
+}
+
+bool FileOperations::import(const std::string& path, bool synchronous)
+{
+  if (!isImportPath(path)) {
+    gui_.warning("Invalid import file " + path);
+    return false;
+  }
+  return submit(makeJob(FileOperationKind::import, path), synchronous);
+}
+
+bool FileOperations::save(Model& model, const std::string& path, int version, bool synchronous)
+{
+  const Model* const other = gui_.modelWithPath(path);
+  if (other && other != &model) {
+    gui_.warning("Can't create multiple models with the same filename " + path + ".");
+    return false;
+  }
+  if (version != fltapi::currentVersion) {
+    gui_.info(fileNamePart(path) + " will be saved with OpenFlight version " + fltapi::versionText(version) + ".",
+              /*append=*/false, MessageId::saveVersion);
+  }
+  auto job = makeJob(FileOperationKind::save, path);
+  job->saved = &model;
+  job->version = version;
+  return submit(std::move(job), synchronous);
+}
+
+bool FileOperations::revert(bool synchronous)
+{
+  waitUntilIdle();
+  Model* model = gui_.currentModel();
+  if (!model || model->isNew()) return false;
+  if (!exists(model->path())) {
+    gui_.warning("Can't revert " + model->path() + " since the file doesn't exist anymore.");
+    return false;
+  }
+  if (gui_.ask("Revert file " + model->path() + "?") != Answer::yes) return false;
+  auto job = makeJob(FileOperationKind::revert, model->path());
+  // The panels go over to the new model, so that it is seen as the old one was.
+  job->viewports = model->viewports();
+  model->removeAllViewports(/*destroy=*/false);
+  job->replaced = gui_.removeModel(*model);
+  return run(std::move(job), synchronous);
+}
+
+bool FileOperations::submit(std::unique_ptr<FileJob> job, bool synchronous)
+{
+  if (synchronous) {
+    waitUntilIdle();
+    return run(std::move(job), synchronous);
+  }
+  if (busy()) {
+    queue_.push_back(std::move(job));
+    return true;
+  }
+  return run(std::move(job), synchronous);
+}
+
+bool FileOperations::run(std::unique_ptr<FileJob> job, bool synchronous)
+{
+  if (job->kind == FileOperationKind::open) {
+    if (Model* shown = gui_.modelWithPath(job->path)) {
+      gui_.setCurrentModel(*shown);
+      startNext();
+      return true;
+    }
+  }
+  if (job->kind != FileOperationKind::save) job->built = gui_.makeModel();
+  job_ = std::move(job);
+  gui_.updateWidgets();
+  gui_.waitCursor();
+  gui_.beginProgress(progressTextFor(fileOperation(job_->kind), job_->path));
+  if (synchronous) {
+    FileWorker::runHere(*job_);
+    return finish();
+  }
+  Fl::add_timeout(pollInterval, poll, this);
+  if (worker_.start(*job_)) return true;
+  Fl::remove_timeout(poll, this);
+  job_->outcome = FileJob::Outcome::failed;
+  finish();
+  return false;
+}
+
+void FileOperations::poll(void* data)
+{
+  auto* self = static_cast<FileOperations*>(data);
+  if (self->job_->outcome == FileJob::Outcome::running) {
+    self->gui_.showProgress(self->job_->progress);
+    Fl::repeat_timeout(pollInterval, poll, data);
+    return;
+  }
+  self->worker_.join();
+  self->finish();
+}
+
+/// What follows the work, on the main thread and with the worker gone. True when the operation succeeded.
+bool FileOperations::finish()
+{
+  const bool done = job_->outcome == FileJob::Outcome::done;
+  gui_.defaultCursor();
+  gui_.endProgress();
+  if (!done)
+    putBack();
+  else if (job_->kind == FileOperationKind::save)
+    finishSave();
+  else
+    finishLoad();
+
+  // The messages wait in event loops of their own; what they see must be at rest.
+  const std::unique_ptr<FileJob> over = std::move(job_);
+  gui_.updateWidgets();
+  for (const auto* list : {&over->errors, &over->warnings}) {
+    for (const QueuedMessage& message : *list) {
+      if (message.kind == MessageKind::warning)
+        gui_.warning(message.text, /*append=*/true, message.id);
+      else
+        gui_.info(message.text, /*append=*/true, message.id);
+    }
+  }
+  startNext();
+  return done;
+}
+
+void FileOperations::finishLoad()
+{
+  const bool repaired = job_->built->fltFile() && job_->built->fltFile()->modified();
+  Model& model = gui_.addModel(std::move(job_->built), job_->viewports);
+  model.setDirty(repaired);
+  gui_.setCurrentModel(model);
+  gui_.addRecent(model.path());
+  if (Fl_Double_Window* window = GuiWidgets::get().mainWindow)
+    window->size_range(smallestWindowWidth, smallestWindowHeight);
+}
+
+void FileOperations::finishSave()
+{
+  Model& model = *job_->saved;
+  model.fltFile()->setLoadedVersion(job_->version);
+  if (model.path() != job_->path) {
+    model.setPath(job_->path);
+    gui_.nameTab(model);
+  }
+  model.setDirty(false);
+  gui_.addRecent(job_->path);
+}
+
+/// After a failure: what a revert took away is there again as it was.
+void FileOperations::putBack()
+{
+  job_->built.reset();
+  if (!job_->replaced) return;
+  Model& model = gui_.addModel(std::move(job_->replaced), job_->viewports);
+  gui_.setCurrentModel(model);
+}
+
+void FileOperations::startNext()
+{
+  if (job_ || queue_.empty()) return;
+  std::unique_ptr<FileJob> next = std::move(queue_.front());
+  queue_.pop_front();
+  run(std::move(next), /*synchronous=*/false);
+}
+
+void FileOperations::chooseAndOpen()
+{
+  gui_.openFiles(openDialog_.chooseToRead(fileOperation(FileOperationKind::open).title, openFlightFilter));
+}
+
+void FileOperations::chooseAndImport()
+{
+  gui_.importFiles(importDialog_.chooseToRead(fileOperation(FileOperationKind::import).title, importFilters(),
+                                              importFilters().size() - 1));
+}
+
+std::string FileOperations::chooseSavePath(const Model& model)
+{
+  const std::string chosen = saveDialog_.chooseToWrite(fileOperation(FileOperationKind::save).title, openFlightFilter,
+                                                       fileNamePart(model.path()));
+  if (chosen.empty()) return "";
+  const std::string path = withOpenFlightSuffix(chosen);
+  return mayOverwrite(path) ? path : "";
+}
+
+bool FileOperations::mayOverwrite(const std::string& path)
+{
+  return !exists(path) || gui_.ask("Overwrite file " + path + "?") == Answer::yes;
+}
+
+bool FileOperations::isRunning(FileOperationKind kind) const
+{
+  return job_ && job_->kind == kind;
+}
+
+bool FileOperations::isSaving(const Model& model) const
+{
+  const auto saves = [&model](const std::unique_ptr<FileJob>& job) { return job && job->saved == &model; };
+  return saves(job_) || std::any_of(queue_.begin(), queue_.end(), saves);
+}
+
+void FileOperations::waitUntilIdle()
+{
+  while (busy())
+    Fl::wait(pollInterval); // without windows a wait with no limit would look at no timer
+}
+
+} // namespace nalt

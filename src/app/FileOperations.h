@@ -1,0 +1,71 @@
+#pragma once
+
+#include "app/FileDialogs.h"
+#include "app/FileJob.h"
+#include "app/FileWorker.h"
+
+#include <deque>
+#include <memory>
+#include <string>
+
+namespace nalt {
+
+class Gui;
+
+/// Opening, saving, reverting and importing of models: one at a time on a worker thread that a timer of the main thread
+/// watches, the others wait in a queue. A synchronous operation, as scripts want it, is over when its function returns.
+/// Main thread only.
+class FileOperations {
+public:
+  explicit FileOperations(Gui& gui);
+  ~FileOperations();
+  FileOperations(const FileOperations&) = delete;
+  FileOperations& operator=(const FileOperations&) = delete;
+
+  // Each false when nothing was started or queued, or when a synchronous one failed; a message has said why.
+  bool open(const std::string& path, bool synchronous);
+  bool import(const std::string& path, bool synchronous);
+  bool save(Model& model, const std::string& path, int version, bool synchronous);
+  /// Asks first, then loads the current model's file again in its place.
+  bool revert(bool synchronous);
+
+  // With a file dialog.
+  void chooseAndOpen();
+  void chooseAndImport();
+  /// Empty when the user gave up or doesn't want to overwrite.
+  std::string chooseSavePath(const Model& model);
+  /// Whether `path` may be written: true for a new file, else the answer to "Overwrite file <path>?".
+  bool mayOverwrite(const std::string& path);
+
+  /// An operation runs or waits.
+  bool busy() const { return job_ != nullptr || !queue_.empty(); }
+  bool isRunning(FileOperationKind kind) const;
+  /// Whether `model` is being written, or waits for it.
+  bool isSaving(const Model& model) const;
+  /// Runs the event loop until nothing runs or waits any more.
+  void waitUntilIdle();
+  /// The one whose worker may speak now, null without.
+  FileJob* job() { return job_.get(); }
+
+private:
+  std::unique_ptr<FileJob> makeJob(FileOperationKind kind, const std::string& path);
+  bool submit(std::unique_ptr<FileJob> job, bool synchronous);
+  bool run(std::unique_ptr<FileJob> job, bool synchronous);
+  bool begin();
+  void startNext();
+  static void poll(void* self);
+  bool finish();
+  void finishLoad();
+  void finishSave();
+  void putBack();
+
+  Gui& gui_;
+  std::deque<std::unique_ptr<FileJob>> queue_;
+  std::unique_ptr<FileJob> job_;
+  FileWorker worker_;
+  FileDialogs openDialog_;
+  FileDialogs saveDialog_;
+  FileDialogs importDialog_;
+};
+
+} // namespace nalt

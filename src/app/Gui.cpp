@@ -1,0 +1,345 @@
+#include "app/Gui.h"
+
+#include "app/FileLists.h"
+#include "app/GuiWidgets.h"
+#include "app/MenuBar.h"
+#include "app/ProgressWindow.h"
+#include "app/Session.h"
+#include "app/Splash.h"
+#include "app/ToolBars.h"
+#include "core/Model.h"
+#include "core/ModelGroup.h"
+#include "core/Preferences.h"
+#include "fltapi/FltFile.h"
+#include "scene/view/ViewportLayout.h"
+
+#include <FL/Fl.H>
+#include <FL/Fl_Button.H>
+#include <FL/Fl_Double_Window.H>
+#include <FL/Fl_Tabs.H>
+
+#include <algorithm>
+
+namespace nalt {
+
+namespace {
+
+constexpr const char* untitled = "untitled.flt";
+constexpr int tabRow = 15; // pixels of the tabs' own at the top of their area
+
+/// A page takes all of a change in size, so that the row of labels keeps its height.
+void keepTabRow(Fl_Tabs& tabs)
+{
+  tabs.resizable(tabs.children() > 0 ? tabs.child(0) : &tabs);
+  tabs.init_sizes();
+}
+
+} // namespace
+
+Gui::Gui(bool headless)
+    : headless_(headless), mainThread_(pthread_self()), shellBefore_(Shell::install(this)), files_(*this)
+{
+  // Without a window the tabs are just the list of models.
+  if (headless_) GuiWidgets::get().tabs = new Fl_Tabs(0, 0, 0, 0);
+  if (headless_) GuiWidgets::get().tabs->end();
+}
+
+Gui::~Gui()
+{
+  while (modelCount() > 0)
+    removeModel(*modelAt(0));
+  if (headless_) {
+    delete GuiWidgets::get().tabs;
+    GuiWidgets::get().tabs = nullptr;
+  }
+  Shell::install(shellBefore_);
+}
+
+int Gui::modelCount() const
+{
+  return GuiWidgets::get().tabs->children();
+}
+
+Model* Gui::modelAt(int i) const
+{
+  return dynamic_cast<Model*>(GuiWidgets::get().tabs->child(i));
+}
+
+Model* Gui::modelWithPath(const std::string& path) const
+{
+  for (int i = 0; i < modelCount(); ++i)
+    if (modelAt(i)->path() == path) return modelAt(i);
+  return nullptr;
+}
+
+std::unique_ptr<Model> Gui::makeModel() const
+{
+  if (headless_) return std::make_unique<Model>(0, 0, 0, 0);
+  const Fl_Tabs& tabs = *GuiWidgets::get().tabs;
+  return std::make_unique<Model>(std::max(tabs.x(), 0), std::max(tabs.y() + tabRow, 0), std::max(tabs.w(), 1),
+                                 std::max(tabs.h() - tabRow, 1));
+}
+
+Model& Gui::addModel(std::unique_ptr<Model> owned, const std::vector<VPBase*>& viewports)
+{
+  Model& model = *owned;
+  nameTab(model);
+  Fl_Tabs& tabs = *GuiWidgets::get().tabs;
+  tabs.add(owned.release());
+  keepTabRow(tabs);
+  if (!headless_) {
+    if (viewports.empty()) {
+      createViewports(model, Preferences::get().viewportCount, viewportPreferences_);
+    } else {
+      for (VPBase* viewport : viewports)
+        model.add(viewport->widget());
+      model.init_sizes();
+      model.bindViewports();
+      model.setActiveViewport(viewports.front());
+    }
+  }
+  return model;
+}
+
+std::unique_ptr<Model> Gui::removeModel(Model& model)
+{
+  Fl_Tabs& tabs = *GuiWidgets::get().tabs;
+  const int place = tabs.find(model);
+  std::unique_ptr<Model> owned(&model);
+  tabs.remove(model);
+  keepTabRow(tabs);
+  const int next = std::min(place, modelCount() - 1);
+  if (current_ == &model || next < 0) showModel(next >= 0 ? modelAt(next) : nullptr);
+  return owned;
+}
+
+void Gui::nameTab(Model& model)
+{
+  std::vector<std::string> others;
+  for (int i = 0; i < modelCount(); ++i)
+    if (modelAt(i) != &model) others.push_back(modelAt(i)->tabText());
+  model.nameTab(others);
+}
+
+void Gui::setCurrentModel(Model& model)
+{
+  showModel(&model);
+}
+
+void Gui::showModel(Model* model)
+{
+  current_ = model;
+  if (headless_) return;
+  GuiWidgets& widgets = GuiWidgets::get();
+  if (model) {
+    widgets.tabs->value(model);
+    widgets.tabs->show();
+    widgets.closeModelButton->show();
+  } else {
+    widgets.tabs->hide();
+    widgets.closeModelButton->hide();
+  }
+  if (model && widgets.mainWindow->shown()) {
+    for (VPBase* viewport : model->viewports())
+      viewport->widget().show();
+    if (model->activeViewport()) model->activeViewport()->widget().take_focus();
+  }
+  widgets.modelGroup->redraw();
+  updateWidgets();
+}
+
+void Gui::tabChanged()
+{
+  if (auto* model = dynamic_cast<Model*>(GuiWidgets::get().tabs->value()); model && model != current_) showModel(model);
+}
+
+void Gui::nextModel(int step)
+{
+  const int count = modelCount();
+  if (count < 2 || !current_) return;
+  const int place = GuiWidgets::get().tabs->find(current_);
+  showModel(modelAt((place + step + count) % count));
+}
+
+Model* Gui::newModel(const std::string& filename)
+{
+  std::unique_ptr<Model> model = makeModel();
+  if (!model->createEmpty()) return nullptr;
+  model->setPath(filename);
+  Model& added = addModel(std::move(model));
+  showModel(&added);
+  return &added;
+}
+
+void Gui::createUntitled()
+{
+  newModel(untitled);
+}
+
+bool Gui::openModel(const std::string& path, bool synchronous)
+{
+  return files_.open(path, synchronous);
+}
+
+void Gui::openFiles(const std::vector<std::string>& paths)
+{
+  for (const std::string& path : paths)
+    files_.open(path, /*synchronous=*/false);
+}
+
+void Gui::importFiles(const std::vector<std::string>& paths)
+{
+  for (const std::string& path : paths)
+    files_.import(path, /*synchronous=*/false);
+}
+
+void Gui::openDropped(const std::string& lines)
+{
+  const FileLists lists = sortFiles(pathsOfDrop(lines));
+  openFiles(lists.open);
+  importFiles(lists.import);
+}
+
+int Gui::saveVersionOf(const Model& model)
+{
+  if (Preferences::get().saveLatestVersion || !model.fltFile()) return fltapi::currentVersion;
+  return std::clamp(model.fltFile()->loadedVersion(), fltapi::oldestVersion, fltapi::currentVersion);
+}
+
+bool Gui::saveModel(int version, bool synchronous)
+{
+  return current_ && files_.save(*current_, current_->path(), version, synchronous);
+}
+
+bool Gui::saveModelAs(const std::string& path, int version, bool synchronous)
+{
+  if (!current_) return false;
+  const std::string full = withOpenFlightSuffix(path);
+  return files_.mayOverwrite(full) && files_.save(*current_, full, version, synchronous);
+}
+
+void Gui::save()
+{
+  if (!current_) return;
+  if (current_->path() == untitled)
+    saveAs();
+  else
+    saveModel(saveVersionOf(*current_), /*synchronous=*/false);
+}
+
+void Gui::saveAs()
+{
+  if (!current_) return;
+  Model& model = *current_;
+  const std::string path = files_.chooseSavePath(model);
+  if (!path.empty()) files_.save(model, path, saveVersionOf(model), /*synchronous=*/false);
+}
+
+bool Gui::saveAndWait(Model& model)
+{
+  if (model.isNew() || model.path() == untitled)
+    saveAs();
+  else
+    saveModel(saveVersionOf(model), /*synchronous=*/false);
+  files_.waitUntilIdle();
+  return !model.isDirty();
+}
+
+/// Asks about changes that nobody saved. False when the model is to stay.
+bool Gui::mayClose(Model& model)
+{
+  if (!model.isDirty()) return true;
+  showModel(&model);
+  switch (askOrCancel("Save file " + model.path() + "?")) {
+  case Answer::yes:
+    return saveAndWait(model);
+  case Answer::no:
+    return true;
+  case Answer::cancel:
+    break;
+  }
+  return false;
+}
+
+bool Gui::closeModel()
+{
+  if (!current_ || closing_ || files_.isSaving(*current_)) return false;
+  closing_ = true;
+  Model& model = *current_;
+  const bool closes = mayClose(model);
+  if (closes) removeModel(model);
+  closing_ = false;
+  updateWidgets();
+  return closes;
+}
+
+void Gui::closeAllModels()
+{
+  files_.waitUntilIdle();
+  while (current_ && closeModel()) {
+  }
+}
+
+void Gui::exitProgram()
+{
+  if (closing_) return;
+  closeAllModels();
+  if (modelCount() == 0) tearDown();
+}
+
+void Gui::tearDown()
+{
+  if (!headless_) saveSession(*this);
+  splash_.reset();
+  progress_.reset();
+  if (Fl_Double_Window* window = GuiWidgets::get().mainWindow) window->hide();
+}
+
+void Gui::setSelectionMode(int number)
+{
+  selectionMode_ = number;
+  updateWidgets();
+}
+
+void Gui::addRecent(const std::string& path)
+{
+  if (recentFiles_.add(path)) updateWidgets();
+}
+
+void Gui::documentChanged(Model& model)
+{
+  if (&model == current_) updateWidgets();
+}
+
+void Gui::activeViewportChanged(Model& model)
+{
+  if (&model == current_) updateWidgets();
+}
+
+void Gui::historyChanged(Model& model)
+{
+  if (&model == current_) updateWidgets();
+}
+
+void Gui::setSplash(std::unique_ptr<Splash> splash)
+{
+  splash_ = std::move(splash);
+}
+
+void Gui::updateTitle()
+{
+  std::string title = "Nalt";
+  if (current_) title += " - " + current_->path() + (current_->isDirty() ? "*" : "");
+  Fl_Double_Window& window = *GuiWidgets::get().mainWindow;
+  if (!window.label() || title != window.label()) window.copy_label(title.c_str());
+}
+
+void Gui::updateWidgets()
+{
+  if (headless_) return;
+  updateTitle();
+  updateMenuBar(*this);
+  updateToolBars(*this);
+}
+
+} // namespace nalt

@@ -1,0 +1,143 @@
+#pragma once
+
+#include "app/FileOperations.h"
+#include "app/MessageDialogs.h"
+#include "app/RecentFiles.h"
+#include "core/Shell.h"
+#include "scene/view/ViewportPreferences.h"
+
+#include <functional>
+#include <memory>
+#include <pthread.h>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace nalt {
+
+class ProgressWindow;
+class Splash;
+
+/// The controller behind the main window, and the program's shell. The open models are the pages of the tabs. Without a
+/// display ("headless") it does the same with no window. Its widgets must exist before it, and it goes before them.
+class Gui : public Shell {
+public:
+  explicit Gui(bool headless);
+  ~Gui() override;
+  Gui(const Gui&) = delete;
+  Gui& operator=(const Gui&) = delete;
+
+  /// The one in force; only for what FLTK calls without a way to hand an object along.
+  static Gui& get() { return static_cast<Gui&>(Shell::get()); }
+
+  bool headless() const { return headless_; }
+
+  // Shell: messages
+  void warning(const std::string& text, bool append = false, MessageId id = MessageId::none) override;
+  void info(const std::string& text, bool append = false, MessageId id = MessageId::none) override;
+  /// Why a file operation can't succeed. From a worker the text is shown before all warnings.
+  void error(const std::string& text);
+  Answer ask(const std::string& text) override;
+  /// With a third answer, to give up what led to the question.
+  Answer askOrCancel(const std::string& text);
+  void waitCursor() override;
+  void defaultCursor() override;
+  void setStatusLine(const std::string& text) override;
+  void beginProgress(const std::string& text);
+  void showProgress(double percent);
+  void endProgress();
+
+  // Shell: quiet runs
+  bool quiet() const override { return quiet_; }
+  bool batch() const override { return batch_; }
+  void setQuiet(bool quiet, bool batch) override;
+  void setPresetAnswer(Answer answer) override { presetAnswer_ = answer; }
+  /// Where messages of a quiet run go; standard output until it is set.
+  void setScriptOutput(std::function<void(const std::string&)> output) { scriptOutput_ = std::move(output); }
+
+  // Shell: documents
+  Model* currentModel() const override { return current_; }
+  void setCurrentModel(Model& model) override;
+  int modelCount() const override;
+  Model* modelAt(int i) const override;
+  Model* newModel(const std::string& filename) override;
+  bool openModel(const std::string& path, bool synchronous) override;
+  bool saveModel(int version, bool synchronous) override;
+  bool saveModelAs(const std::string& path, int version, bool synchronous) override;
+  bool closeModel() override;
+  void documentChanged(Model& model) override;
+  void activeViewportChanged(Model& model) override;
+  void historyChanged(Model& model) override;
+  void openDropped(const std::string& lines) override;
+
+  // What menus and buttons call
+  void createUntitled();
+  void save();
+  void saveAs();
+  void closeAllModels();
+  void nextModel(int step);
+  /// Closes all models, asking about changes, and then the window. A cancelled question keeps the program running.
+  void exitProgram();
+  void openFiles(const std::vector<std::string>& paths);
+  void importFiles(const std::vector<std::string>& paths);
+  /// After the user clicked a tab.
+  void tabChanged();
+
+  /// What a click in a viewport selects, 1 for vertices; the table of the tool bar has the numbers.
+  int selectionMode() const { return selectionMode_; }
+  void setSelectionMode(int number);
+
+  // For file operations
+  FileOperations& files() { return files_; }
+  const FileOperations& files() const { return files_; }
+  /// The model that shows exactly this path, null if none does.
+  Model* modelWithPath(const std::string& path) const;
+  /// Makes `model` a page of the tabs, with viewports unless headless; the tabs own it. It isn't current yet.
+  Model& addModel(std::unique_ptr<Model> model, const std::vector<VPBase*>& viewports = {});
+  /// Takes `model` off the tabs; another one becomes current.
+  std::unique_ptr<Model> removeModel(Model& model);
+  /// Puts the name of `model`'s file on its tab, with a number where others have it too.
+  void nameTab(Model& model);
+  std::unique_ptr<Model> makeModel() const;
+  void addRecent(const std::string& path);
+  RecentFiles& recentFiles() { return recentFiles_; }
+  const RecentFiles& recentFiles() const { return recentFiles_; }
+  /// The version that Save writes: the latest, or that of the file as it was read.
+  static int saveVersionOf(const Model& model);
+  /// Brings menus, tool bars, fields and the title up to the present state.
+  void updateWidgets();
+  /// What new viewports start with.
+  const ViewportPreferences& viewportPreferences() const { return viewportPreferences_; }
+  void setViewportPreferences(const ViewportPreferences& preferences) { viewportPreferences_ = preferences; }
+  void setSplash(std::unique_ptr<Splash> splash);
+  Splash* splash() { return splash_.get(); }
+
+private:
+  void message(MessageKind kind, const std::string& text, bool append, MessageId id);
+  bool onMainThread() const { return pthread_equal(pthread_self(), mainThread_) != 0; }
+  void showModel(Model* model);
+  bool mayClose(Model& model);
+  bool saveAndWait(Model& model);
+  void updateTitle();
+  void tearDown();
+
+  bool headless_;
+  pthread_t mainThread_;
+  bool quiet_ = false;
+  bool batch_ = false;
+  Answer presetAnswer_ = Answer::yes;
+  std::function<void(const std::string&)> scriptOutput_;
+  std::set<MessageId> silenced_;
+  bool waiting_ = false; ///< the wait cursor is on
+  bool closing_ = false;
+  ViewportPreferences viewportPreferences_;
+  int selectionMode_ = 1;
+  Model* current_ = nullptr;
+  RecentFiles recentFiles_;
+  std::unique_ptr<ProgressWindow> progress_;
+  std::unique_ptr<Splash> splash_;
+  Shell* shellBefore_;
+  FileOperations files_;
+};
+
+} // namespace nalt

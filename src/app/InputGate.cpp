@@ -1,0 +1,61 @@
+#include "app/InputGate.h"
+
+#include "app/Gui.h"
+#include "app/GuiWidgets.h"
+
+#include <FL/Fl.H>
+#include <FL/Fl_Double_Window.H>
+#include <FL/Fl_Menu_Bar.H>
+
+namespace nalt {
+
+namespace {
+
+bool isInput(int event)
+{
+  switch (event) {
+  case FL_PUSH:
+  case FL_DRAG:
+  case FL_RELEASE:
+  case FL_MOUSEWHEEL:
+  case FL_KEYDOWN:
+  case FL_SHORTCUT:
+    return true;
+  default:
+    return false;
+  }
+}
+
+bool isInMainWindow(const Fl_Window* window)
+{
+  while (window && window->window())
+    window = window->window();
+  return window && window == GuiWidgets::get().mainWindow;
+}
+
+/// Whether the mouse is on something that may be used at any time.
+bool isOnOpenBar(const Fl_Window* window)
+{
+  const GuiWidgets& widgets = GuiWidgets::get();
+  return window == widgets.mainWindow && (Fl::event_inside(widgets.menuBar) || Fl::event_inside(widgets.upperToolBar));
+}
+
+int dispatch(int event, Fl_Window* window)
+{
+  const bool closed = isInput(event) && isInMainWindow(window) && !Fl::grab() && Gui::get().files().busy();
+  if (!closed) return Fl::handle_(event, window);
+  if (event == FL_KEYDOWN || event == FL_SHORTCUT) {
+    GuiWidgets::get().menuBar->handle(FL_SHORTCUT);
+    return 1;
+  }
+  return isOnOpenBar(window) ? Fl::handle_(event, window) : 1;
+}
+
+} // namespace
+
+void installInputGate()
+{
+  Fl::event_dispatch(dispatch);
+}
+
+} // namespace nalt
