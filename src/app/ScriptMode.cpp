@@ -10,12 +10,6 @@ namespace nalt {
 
 namespace {
 
-/// Messages stand between line feeds, apart from what the script prints.
-void passMessageOn(const std::string& text)
-{
-  scriptOutput(ScriptRun::active(), "\n" + text + "\n");
-}
-
 void readPreferences()
 {
   Settings settings;
@@ -32,7 +26,7 @@ int runScriptMode(int argc, char** argv)
   Gui gui(/*headless=*/true);
   const DatabaseHost host(gui);
   gui.setQuiet(/*quiet=*/true, /*batch=*/true);
-  gui.setScriptOutput(passMessageOn);
+  gui.setScriptOutput(scriptMessage);
   readPreferences();
   return runBatch(argc, argv);
 }

@@ -1,174 +1,130 @@
 #include "script/bindings/SelectionBindings.h"
 
-#include "core/Preferences.h"
+#include "core/Model.h"
+#include "core/Shell.h"
 #include "core/selection/SelectOperations.h"
 #include "fltapi/nodes/FaceRecord.h"
-#include "script/bindings/BindingSupport.h"
+#include "script/Call.h"
+
+#include <lua.hpp>
 
 namespace nalt::bindings {
 
 namespace {
 
-/// Batch runs make no commands, since nothing could undo them.
-bool undoable(const ScriptRun& run)
+SelectionMode modeOf(const Call& call)
 {
-  return !run.batch();
+  return *selectionModeNamed(call.text("selectionMode")); // the reference lists no others
 }
 
-/// A required selection mode; raises `error` for a text that is none.
-SelectionMode modeArgument(lua_State* lua, int index, const char* error = "Invalid selection mode.")
+int selectAll(Call& call)
 {
-  const auto mode = selectionModeNamed(luaL_checkstring(lua, index));
-  if (!mode) luaL_error(lua, "%s", error);
-  return *mode;
+  return call.give(nalt::selectAll(call.model(), modeOf(call), call.records()));
 }
 
-bool booleanArgument(lua_State* lua, int index, bool otherwise)
+int selectNone(Call& call)
 {
-  return lua_gettop(lua) >= index ? lua_toboolean(lua, index) != 0 : otherwise;
+  nalt::selectNone(call.model(), call.records());
+  return call.giveNothing();
 }
 
-int selectAll(lua_State* lua)
+int invertSelection(Call& call)
 {
-  auto* run = runWithModel();
-  return giveBoolean(lua, run && nalt::selectAll(*run->currentModel(), modeArgument(lua, 1), undoable(*run)));
+  nalt::invertSelection(call.model(), modeOf(call), call.records());
+  return call.giveNothing();
 }
 
-int selectNone(lua_State*)
+int convertSelection(Call& call)
 {
-  if (auto* run = runWithModel()) nalt::selectNone(*run->currentModel(), undoable(*run));
-  return 0;
+  nalt::convertSelection(call.model(), modeOf(call), call.records());
+  return call.giveNothing();
 }
 
-int invertSelection(lua_State* lua)
+/// A text, or a table of texts.
+void addNames(std::vector<std::string>& names, lua_State* lua, int position)
 {
-  if (auto* run = runWithModel()) nalt::invertSelection(*run->currentModel(), modeArgument(lua, 1), undoable(*run));
-  return 0;
+  if (!lua_istable(lua, position)) {
+    names.emplace_back(lua_tostring(lua, position));
+    return;
+  }
+  const auto count = static_cast<int>(lua_rawlen(lua, position));
+  for (int i = 1; i <= count; ++i) {
+    lua_rawgeti(lua, position, i);
+    names.emplace_back(lua_tostring(lua, -1));
+    lua_pop(lua, 1);
+  }
 }
 
-int convertSelection(lua_State* lua)
+int selectByName(Call& call)
 {
-  if (auto* run = runWithModel()) nalt::convertSelection(*run->currentModel(), modeArgument(lua, 1), undoable(*run));
-  return 0;
-}
-
-/// Texts, or a table of texts, then up to two booleans.
-NameSearch searchArguments(lua_State* lua)
-{
-  constexpr const char* error = "Invalid parameters to selectByName.";
+  const auto& arguments = call.arguments();
   NameSearch search;
-  const int count = lua_gettop(lua);
-  int index = 1;
-  const auto take = [&](int at) {
-    if (lua_type(lua, at) != LUA_TSTRING) luaL_error(lua, error);
-    search.names.emplace_back(lua_tostring(lua, at));
-  };
-  if (count >= 1 && lua_istable(lua, 1)) {
-    for (std::size_t i = 1; i <= lua_rawlen(lua, 1); ++i) {
-      lua_rawgeti(lua, 1, static_cast<int>(i));
-      take(-1);
-      lua_pop(lua, 1);
-    }
-    index = 2;
-  } else {
-    for (; index <= count && !lua_isboolean(lua, index); ++index)
-      take(index);
-  }
-  bool* const switches[] = {&search.caseSensitive, &search.addToSelection};
-  for (auto* value : switches) {
-    if (index > count) break;
-    if (!lua_isboolean(lua, index)) luaL_error(lua, error);
-    *value = lua_toboolean(lua, index++) != 0;
-  }
-  if (index <= count || search.names.empty()) luaL_error(lua, error);
-  return search;
+  for (int position = arguments.groupsBegin(); position < arguments.groupsEnd(); ++position)
+    addNames(search.names, call.lua(), position);
+  search.caseSensitive = arguments.flag(0);
+  search.addToSelection = arguments.flag(1);
+  return call.give(nalt::selectByName(call.model(), search, call.records()));
 }
 
-int selectByName(lua_State* lua)
+int selectByNumberOfVertices(Call& call)
 {
-  auto* run = runWithModel();
-  return giveBoolean(lua, run && nalt::selectByName(*run->currentModel(), searchArguments(lua), undoable(*run)));
+  return call.give(nalt::selectByNumberOfVertices(call.model(), call.integer("numVertices"),
+                                                  call.flag("selectFromCurrent"), call.records()));
 }
 
-int selectByNumberOfVertices(lua_State* lua)
+int selectVerticesByLocation(Call& call)
 {
-  auto* run = runWithModel();
-  if (!run) return giveBoolean(lua, false);
-  const auto count = static_cast<int>(luaL_checkinteger(lua, 1));
-  const bool fromCurrent = booleanArgument(lua, 2, true);
-  return giveBoolean(lua, nalt::selectByNumberOfVertices(*run->currentModel(), count, fromCurrent, undoable(*run)));
+  return call.give(nalt::selectVerticesByLocation(call.model(), call.number("x"), call.number("y"), call.records()));
 }
 
-int selectVerticesByLocation(lua_State* lua)
+int selectSliverPolygons(Call& call)
 {
-  auto* run = runWithModel();
-  if (!run) return giveBoolean(lua, false);
-  const double x = luaL_checknumber(lua, 1);
-  const double y = luaL_checknumber(lua, 2);
-  return giveBoolean(lua, nalt::selectVerticesByLocation(*run->currentModel(), x, y, undoable(*run)));
+  return call.give(nalt::selectSliverPolygons(call.model(), call.records()));
 }
 
-int selectSliverPolygons(lua_State* lua)
+int selectNakedEdges(Call& call)
 {
-  auto* run = runWithModel();
-  return giveBoolean(lua, run && nalt::selectSliverPolygons(*run->currentModel(), undoable(*run)));
+  return call.give(nalt::selectNakedEdges(call.model(), call.records()));
 }
 
-int selectNakedEdges(lua_State* lua)
+int selectParents(Call& call)
 {
-  auto* run = runWithModel();
-  return giveBoolean(lua, run && nalt::selectNakedEdges(*run->currentModel(), undoable(*run)));
+  nalt::selectParents(call.model(), call.records());
+  return call.giveNothing();
 }
 
-int selectParents(lua_State*)
+int selectChildren(Call& call)
 {
-  if (auto* run = runWithModel()) nalt::selectParents(*run->currentModel(), undoable(*run));
-  return 0;
+  nalt::selectChildren(call.model(), call.records());
+  return call.giveNothing();
 }
 
-int selectChildren(lua_State*)
+int selectPrevious(Call& call)
 {
-  if (auto* run = runWithModel()) nalt::selectChildren(*run->currentModel(), undoable(*run));
-  return 0;
-}
-
-int selectPrevious(lua_State*)
-{
-  if (auto* run = runWithModel()) nalt::selectPrevious(*run->currentModel(), undoable(*run));
-  return 0;
+  nalt::selectPrevious(call.model(), call.records());
+  return call.giveNothing();
 }
 
 // ---- questions -----------------------------------------------------------------------------------------------------
 
-int giveCount(lua_State* lua, std::size_t count)
+int giveCount(const Call& call, std::size_t count)
 {
-  lua_pushinteger(lua, static_cast<lua_Integer>(count));
-  return 1;
+  return call.give(static_cast<double>(count));
 }
 
-int getNumSelectedPrimitives(lua_State* lua)
+int getNumSelectedPrimitives(Call& call)
 {
-  auto* run = runWithModel();
-  if (!run) return giveCount(lua, 0);
-  return giveCount(lua, run->currentModel()->selections().size(modeArgument(lua, 1)));
+  return giveCount(call, call.model().selections().size(modeOf(call)));
 }
 
-int getTotalNumSelectedPrimitives(lua_State* lua)
+int getTotalNumSelectedPrimitives(Call& call)
 {
-  auto* run = runWithModel();
-  return giveCount(lua, run ? run->currentModel()->selections().size() : 0);
+  return giveCount(call, call.model().selections().size());
 }
 
-int getSelectionNames(lua_State* lua)
+int getSelectionNames(Call& call)
 {
-  auto* run = runWithModel();
-  const auto names = run ? run->currentModel()->selections().names() : std::vector<std::string>{};
-  lua_createtable(lua, static_cast<int>(names.size()), 0);
-  for (std::size_t i = 0; i < names.size(); ++i) {
-    lua_pushstring(lua, names[i].c_str());
-    lua_rawseti(lua, -2, static_cast<int>(i) + 1);
-  }
-  return 1;
+  return call.give(call.model().selections().names());
 }
 
 /// The node when exactly one is selected and nothing beside it.
@@ -182,42 +138,26 @@ fltapi::PrimNodeRecord* singleNode(Model& model)
   return single;
 }
 
-int getNumChildren(lua_State* lua)
+int refuse(const Call& call, const char* text)
 {
-  auto* run = runWithModel();
-  if (!run) return giveCount(lua, 0);
-  const auto* node = singleNode(*run->currentModel());
-  if (!node) Shell::get().warning("Can only get number of children from one single node.");
-  return giveCount(lua, node ? static_cast<std::size_t>(node->primaryChildCount()) : 0);
+  Shell::get().warning(text);
+  return call.giveNeutral();
 }
 
-int getNumVertices(lua_State* lua)
+int getNumChildren(Call& call)
 {
-  auto* run = runWithModel();
-  if (!run) return giveCount(lua, 0);
-  const auto* node = singleNode(*run->currentModel());
-  if (!node) {
-    Shell::get().warning("Can only get number of vertices from one single polygon or light point node.");
-    return giveCount(lua, 0);
-  }
-  if (!node->holdsSubfaces()) {
-    Shell::get().warning("Invalid node type for getNumVertices.");
-    return giveCount(lua, 0);
-  }
+  const auto* node = singleNode(call.model());
+  if (!node) return refuse(call, "Can only get number of children from one single node.");
+  return giveCount(call, static_cast<std::size_t>(node->primaryChildCount()));
+}
+
+int getNumVertices(Call& call)
+{
+  const auto* node = singleNode(call.model());
+  if (!node) return refuse(call, "Can only get number of vertices from one single polygon or light point node.");
+  if (!node->holdsSubfaces()) return refuse(call, "Invalid node type for getNumVertices.");
   const auto* list = node->findChild<fltapi::VertexListRecord>();
-  return giveCount(lua, list ? static_cast<std::size_t>(list->vertexCount()) : 0);
-}
-
-int getTolerance(lua_State* lua)
-{
-  lua_pushnumber(lua, ScriptRun::active() ? Preferences::get().tolerance : 0.0);
-  return 1;
-}
-
-int setTolerance(lua_State* lua)
-{
-  if (ScriptRun::active()) Preferences::get().tolerance = luaL_checknumber(lua, 1);
-  return 0;
+  return giveCount(call, list ? static_cast<std::size_t>(list->vertexCount()) : 0);
 }
 
 constexpr Binding table[] = {
@@ -238,8 +178,6 @@ constexpr Binding table[] = {
     {"selectNakedEdges", selectNakedEdges},
     {"getNumChildren", getNumChildren},
     {"getNumVertices", getNumVertices},
-    {"getTolerance", getTolerance},
-    {"setTolerance", setTolerance},
 };
 
 } // namespace

@@ -1,8 +1,13 @@
+#include "core/Model.h"
 #include "core/selection/Collect.h"
-#include "script/bindings/BindingSupport.h"
+#include "fltapi/FltFile.h"
+#include "script/Call.h"
+#include "script/ScriptRun.h"
 #include "script/bindings/SelectionBindings.h"
 
 #include <array>
+#include <lua.hpp>
+#include <osg/ref_ptr>
 
 namespace nalt::bindings {
 
@@ -12,7 +17,7 @@ namespace {
 class Traversal {
 public:
   Traversal(lua_State* lua, ScriptRun& run, int pre, int post)
-      : lua_(lua), run_(run), model_(*run.currentModel()), pre_(pre), post_(post)
+      : lua_(lua), run_(run), model_(*run.currentModel()), file_(model_.fltFile()), pre_(pre), post_(post)
   {}
 
   /// False with error() set when the walk was ended.
@@ -31,6 +36,7 @@ private:
   lua_State* lua_;
   ScriptRun& run_;
   Model& model_;
+  osg::ref_ptr<fltapi::FltFile> file_; ///< a new model may come to lie where the old one was; its file can't
   int pre_;
   int post_;
   std::string error_;
@@ -38,7 +44,7 @@ private:
 
 bool Traversal::modelIsStillCurrent()
 {
-  if (run_.currentModel() == &model_) return true;
+  if (run_.currentModel() == &model_ && model_.fltFile() == file_) return true;
   error_ = "Current model changed, traversal has been terminated.";
   return false;
 }
@@ -46,7 +52,7 @@ bool Traversal::modelIsStillCurrent()
 void Traversal::select(std::unique_ptr<Selection> selection) const
 {
   SelectionChange change;
-  change.undoable = !run_.batch();
+  change.undoable = run_.records();
   model_.selections().select(std::move(selection), change);
 }
 
@@ -130,7 +136,7 @@ bool Traversal::walkSelection()
   }
   if (!modelIsStillCurrent()) return false;
   SelectionChange change;
-  change.undoable = !run_.batch();
+  change.undoable = run_.records();
   model_.selections().clear(change);
   return true;
 }
@@ -142,21 +148,19 @@ int referenceTo(lua_State* lua, int index)
   return luaL_ref(lua, LUA_REGISTRYINDEX);
 }
 
-int traverse(lua_State* lua)
+int traverse(Call& call)
 {
-  auto* run = runWithModel();
-  if (!run) return 0;
-  if (lua_gettop(lua) != 2) return luaL_error(lua, "Invalid number of arguments to traverse.");
+  auto* lua = call.lua();
   const int pre = referenceTo(lua, 1);
   const int post = referenceTo(lua, 2);
   if (pre == LUA_NOREF && post == LUA_NOREF) {
     return luaL_error(lua, "At least one of the pre/post-callbacks has to be valid.");
   }
-  Traversal traversal(lua, *run, pre, post);
+  Traversal traversal(lua, call.run(), pre, post);
   if (!traversal.walkSelection()) return luaL_error(lua, "%s", traversal.error().c_str());
   luaL_unref(lua, LUA_REGISTRYINDEX, pre);
   luaL_unref(lua, LUA_REGISTRYINDEX, post);
-  return 0;
+  return call.giveNothing();
 }
 
 constexpr Binding table[] = {{"traverse", traverse}};
