@@ -85,6 +85,11 @@ class Session:
     def __exit__(self, kind, value, trace):
         if kind and self.process:
             self.picture_file(f"{self.name}-failed")
+        if kind:
+            for key in ("ctrl", "shift", "alt"):  # a test that failed in the middle of a drag leaves nothing pressed
+                xdotool("keyup", key)
+            for button in (1, 2, 3):
+                xdotool("mouseup", button)
         if self.process and self.process.poll() is None:
             self.process.kill()
             self.process.wait()
