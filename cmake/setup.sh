@@ -56,7 +56,7 @@ install_for()
     fi
     as_root=(sudo)
   fi
-  say "Installing ${#lacking[@]} packages: ${lacking[*]}"
+  say "Installing: ${lacking[*]}"
   local apt=("${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -q -o DPkg::Lock::Timeout=600)
   logged "Refreshing the package lists" "${apt[@]}" update || return 1
   logged "Installing packages" "${apt[@]}" install -y --no-install-recommends "${lacking[@]}"
@@ -72,8 +72,12 @@ configure()
 # The lock keeps a second ./run or ./test in another terminal from building in the same folder at the same time.
 build()
 {
-  local folder=$root/$1 quiet=(--quiet)
+  local folder=$root/$1
   shift
-  [[ -t 2 ]] && quiet=()
-  flock "$folder" ninja -C "$folder" -j "$(nproc)" "${quiet[@]}" "$@" >&2
+  local ninja=(flock "$folder" ninja -C "$folder" -j "$(nproc)")
+  if [[ -t 2 ]]; then
+    "${ninja[@]}" "$@" >&2
+  else
+    "${ninja[@]}" --quiet "$@" | sed '/^ninja: no work to do\.$/d' >&2
+  fi
 }

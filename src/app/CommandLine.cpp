@@ -1,6 +1,7 @@
 #include "app/CommandLine.h"
 
 #include "platform/Paths.h"
+#include "script/BatchRun.h"
 
 #include <cstdio>
 #include <string>
@@ -8,23 +9,13 @@
 
 namespace nalt {
 
-namespace {
-
-/// Only these two spellings: ".Lua" is a file like any other.
-bool isScriptPath(const std::string& path)
-{
-  return path.ends_with(".lua") || path.ends_with(".LUA");
-}
-
-} // namespace
-
 RunMode runModeOf(int argc, const char* const* argv, bool environmentAsksForSizes)
 {
   const std::string_view first = argc > 1 ? argv[1] : "";
   if (first == "--help") return RunMode::help;
   if (first == "--version") return RunMode::version;
   if (environmentAsksForSizes) return RunMode::structSizes;
-  if (argc > 1 && isScriptPath(nativePath(makeAbsolute(argv[1])))) return RunMode::script;
+  if (argc > 1 && isScript(nativePath(makeAbsolute(argv[1])))) return RunMode::script;
   return RunMode::modeller;
 }
 

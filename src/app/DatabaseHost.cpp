@@ -3,8 +3,6 @@
 #include "app/Gui.h"
 #include "core/Preferences.h"
 
-#include <cstdlib>
-
 namespace nalt {
 
 namespace {
@@ -45,12 +43,6 @@ bool DatabaseHost::repairsNotAvailable() const
 bool DatabaseHost::loadsExternals() const
 {
   return Preferences::get().loadExternals;
-}
-
-std::string DatabaseHost::externalSearchPath() const
-{
-  const char* path = std::getenv("NALT_FILE_PATH");
-  return path ? path : "";
 }
 
 } // namespace nalt

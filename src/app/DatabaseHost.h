@@ -20,7 +20,6 @@ public:
   void progress(double fraction) override;
   bool repairsNotAvailable() const override;
   bool loadsExternals() const override;
-  std::string externalSearchPath() const override;
 
 private:
   Gui& gui_;

@@ -129,7 +129,7 @@ bool FileOperations::run(std::unique_ptr<FileJob> job, bool synchronous)
   gui_.updateWidgets();
   gui_.waitCursor();
   gui_.beginProgress(progressTextFor(fileOperation(job_->kind), job_->path));
-  if (synchronous || gui_.headless()) {
+  if (synchronous) {
     FileWorker::runHere(*job_);
     return finish();
   }
@@ -260,7 +260,7 @@ bool FileOperations::isSaving(const Model& model) const
 void FileOperations::waitUntilIdle()
 {
   while (busy())
-    Fl::wait();
+    Fl::wait(pollInterval); // without windows a wait with no limit would look at no timer
 }
 
 } // namespace nalt

@@ -4,6 +4,7 @@
 #include "app/GuiWidgets.h"
 #include "app/MenuBar.h"
 #include "app/ProgressWindow.h"
+#include "app/Session.h"
 #include "app/Splash.h"
 #include "app/ToolBars.h"
 #include "core/Model.h"
@@ -25,6 +26,13 @@ namespace {
 
 constexpr const char* untitled = "untitled.flt";
 constexpr int tabRow = 15; // pixels of the tabs' own at the top of their area
+
+/// A page takes all of a change in size, so that the row of labels keeps its height.
+void keepTabRow(Fl_Tabs& tabs)
+{
+  tabs.resizable(tabs.children() > 0 ? tabs.child(0) : &tabs);
+  tabs.init_sizes();
+}
 
 } // namespace
 
@@ -78,9 +86,10 @@ Model& Gui::addModel(std::unique_ptr<Model> owned, const std::vector<VPBase*>& v
   nameTab(model);
   Fl_Tabs& tabs = *GuiWidgets::get().tabs;
   tabs.add(owned.release());
+  keepTabRow(tabs);
   if (!headless_) {
     if (viewports.empty()) {
-      createViewports(model, Preferences::get().viewportCount);
+      createViewports(model, Preferences::get().viewportCount, viewportPreferences_);
     } else {
       for (VPBase* viewport : viewports)
         model.add(viewport->widget());
@@ -98,6 +107,7 @@ std::unique_ptr<Model> Gui::removeModel(Model& model)
   const int place = tabs.find(model);
   std::unique_ptr<Model> owned(&model);
   tabs.remove(model);
+  keepTabRow(tabs);
   const int next = std::min(place, modelCount() - 1);
   if (current_ == &model || next < 0) showModel(next >= 0 ? modelAt(next) : nullptr);
   return owned;
@@ -279,6 +289,7 @@ void Gui::exitProgram()
 
 void Gui::tearDown()
 {
+  if (!headless_) saveSession(*this);
   splash_.reset();
   progress_.reset();
   if (Fl_Double_Window* window = GuiWidgets::get().mainWindow) window->hide();

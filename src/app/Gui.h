@@ -4,6 +4,7 @@
 #include "app/MessageDialogs.h"
 #include "app/RecentFiles.h"
 #include "core/Shell.h"
+#include "scene/view/ViewportPreferences.h"
 
 #include <functional>
 #include <memory>
@@ -105,6 +106,9 @@ public:
   static int saveVersionOf(const Model& model);
   /// Brings menus, tool bars, fields and the title up to the present state.
   void updateWidgets();
+  /// What new viewports start with.
+  const ViewportPreferences& viewportPreferences() const { return viewportPreferences_; }
+  void setViewportPreferences(const ViewportPreferences& preferences) { viewportPreferences_ = preferences; }
   void setSplash(std::unique_ptr<Splash> splash);
   Splash* splash() { return splash_.get(); }
 
@@ -126,6 +130,7 @@ private:
   std::set<MessageId> silenced_;
   bool waiting_ = false; ///< the wait cursor is on
   bool closing_ = false;
+  ViewportPreferences viewportPreferences_;
   int selectionMode_ = 1;
   Model* current_ = nullptr;
   RecentFiles recentFiles_;

@@ -3,6 +3,7 @@
 #include "app/Gui.h"
 #include "app/GuiWidgets.h"
 #include "app/MenuBar.h"
+#include "app/SoftBox.h"
 #include "app/ToolBars.h"
 #include "core/ModelGroup.h"
 #include "core/drawing/Icons.h"
@@ -162,7 +163,8 @@ void buildRightPanel(GuiWidgets& widgets)
     widgets.palettes[i]->deactivate();
   }
   auto* tool = new Fl_Group(1152, 66, 210, 649);
-  tool->box(FL_THIN_DOWN_BOX);
+  tool->box(softBox());
+  tool->color(fl_color_average(FL_BACKGROUND_COLOR, FL_WHITE, 0.85F));
   tool->end();
   widgets.toolPanel = tool;
   panel->end();
@@ -173,8 +175,8 @@ void buildStatusLine(GuiWidgets& widgets)
 {
   auto* line = new Fl_Output(0, 718, 1154, 20);
   line->textsize(labelSize);
-  line->box(FL_THIN_DOWN_BOX);
-  line->color(FL_BACKGROUND_COLOR);
+  line->box(softBox());
+  line->color(fl_color_average(FL_BACKGROUND_COLOR, FL_WHITE, 0.6F));
   line->clear_visible_focus();
   widgets.statusLine = line;
 }

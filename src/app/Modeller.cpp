@@ -7,6 +7,7 @@
 #include "app/GuiWidgets.h"
 #include "app/InputGate.h"
 #include "app/MainWindow.h"
+#include "app/Session.h"
 #include "app/Splash.h"
 #include "core/Preferences.h"
 #include "platform/Display.h"
@@ -37,11 +38,11 @@ void prepareFltk()
   installInputGate();
 }
 
-/// A title bar must not end up above the screen.
-void keepTitleBarVisible(Fl_Window& window)
+/// Plain grounds instead of the scheme's stripes, which each look at the system's colours brings back.
+void dropStripes(Fl_Window& window)
 {
-  const int titleBar = window.decorated_h() - window.h();
-  if (window.y() < titleBar) window.position(window.x(), titleBar);
+  Fl::scheme_bg_ = nullptr;
+  window.image(nullptr);
 }
 
 void openCommandLine(Gui& gui, int argc, char** argv)
@@ -73,15 +74,21 @@ int runModeller(int argc, char** argv)
   {
     Gui gui(/*headless=*/false);
     const DatabaseHost host(gui);
+    const Session session = restoreSession(gui);
+    if (session.result.newerVersion) removeHelpServerFiles(SettingsFile::get().path());
     gui.updateWidgets();
     Fl_Double_Window& window = *GuiWidgets::get().mainWindow;
     window.show(1, argv);
+    dropStripes(window);
     if (Preferences::get().splash) {
       gui.setSplash(std::make_unique<Splash>());
       gui.splash()->show(splashTime);
     }
     Fl::check();
-    keepTitleBarVisible(window);
+    if (session.result.newerVersion)
+      gui.warning("Existing settings file is from a newer version, writing default settings.");
+    placeMainWindow(session);
+    Fl::check();
     openCommandLine(gui, argc, argv);
     Fl::run();
   }

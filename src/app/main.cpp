@@ -1,5 +1,6 @@
 #include "app/CommandLine.h"
 #include "app/Modeller.h"
+#include "app/ScriptMode.h"
 #include "app/StructSizes.h"
 #include "app/Version.h"
 #include "platform/Paths.h"
@@ -51,8 +52,8 @@ int main(int argc, char** argv)
     nalt::printStructSizes();
     return 0;
   case nalt::RunMode::script:
-    std::fprintf(stderr, "Nalt: scripts can't be run in this version.\n");
-    return 255;
+    prepareLibraries();
+    return nalt::runScriptMode(argc, argv);
   case nalt::RunMode::modeller:
     break;
   }

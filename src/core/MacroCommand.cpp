@@ -1,5 +1,6 @@
 #include "core/MacroCommand.h"
 
+#include "core/ApiReference.h"
 #include "core/LuaText.h"
 #include "core/Shell.h"
 #include "core/WaitCursor.h"
@@ -80,12 +81,7 @@ std::string MacroCommand::scriptText() const
 
 std::string MacroCommand::commentText() const
 {
-  return "--\n"
-         "-- nalt.executeMacro(scriptFile, paramName1, paramValue1, ...)\n"
-         "-- Executes a macro with parameters.\n"
-         "-- scriptFile: The script file to execute.\n"
-         "-- paramNameX: The name of the parameter number X.\n"
-         "-- paramValueX: The value for the parameter number X.";
+  return ApiReference::commentText("executeMacro");
 }
 
 } // namespace nalt

@@ -1,13 +1,14 @@
 #include "core/Model.h"
 
+#include "core/DefaultColors.h"
 #include "core/Shell.h"
 #include "core/TabLabel.h"
 #include "fltapi/FltFile.h"
+#include "fltapi/palettes/ColorPaletteRecord.h"
 #include "platform/Paths.h"
 
 #include <FL/Fl.H>
 #include <FL/fl_draw.H>
-#include <osgDB/ReadFile>
 
 #include <algorithm>
 #include <bit>
@@ -33,7 +34,7 @@ void drawPlain(const Fl_Label* label, int x, int y, int w, int h, Fl_Align align
 {
   fl_font(label->font, label->size);
   fl_color(label->color);
-  fl_draw(label->value, x, y, w, h, align, nullptr, /*draw_symbols=*/0);
+  fl_draw(label->value, x, y - 1, w, h, align, nullptr, /*draw_symbols=*/0); // a tab is low: room for descenders
 }
 
 void measurePlain(const Fl_Label* label, int& w, int& h)
@@ -67,14 +68,15 @@ bool Model::createEmpty()
   new_ = true;
   file_ = new fltapi::FltFile;
   file_->initNew();
-  scene_ = nullptr;
+  if (auto* palette = file_->colorPalette()) fillDefaultColors(*palette);
+  sync_ = nullptr;
   return true;
 }
 
 bool Model::load(const std::string& path)
 {
   file_ = new fltapi::FltFile;
-  scene_ = nullptr;
+  sync_ = nullptr;
   if (!file_->load(path)) {
     file_ = nullptr;
     return false;
@@ -90,10 +92,12 @@ fltapi::FltFile* Model::fltFile() const
 
 osg::Group* Model::sceneRoot()
 {
-  if (scene_) return scene_;
-  scene_ = new osg::Group;
-  if (const osg::ref_ptr<osg::Node> node = osgDB::readRefNodeFile(path_)) scene_->addChild(node);
-  return scene_;
+  if (!file_) return nullptr;
+  if (!sync_) {
+    sync_ = std::make_unique<Sync>(*file_);
+    sync_->translateAll();
+  }
+  return sync_->root();
 }
 
 void Model::setPath(std::string path)

@@ -26,4 +26,12 @@ int ModelGroup::handle(int event)
   return Fl_Group::handle(event);
 }
 
+void ModelGroup::resize(int newX, int newY, int newW, int newH)
+{
+  const int fromRight = closeButton_ ? x() + w() - closeButton_->x() : 0;
+  const int fromTop = closeButton_ ? closeButton_->y() - y() : 0;
+  Fl_Group::resize(newX, newY, newW, newH);
+  if (closeButton_) closeButton_->resize(newX + newW - fromRight, newY + fromTop, closeButton_->w(), closeButton_->h());
+}
+
 } // namespace nalt

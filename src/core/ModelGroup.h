@@ -13,6 +13,8 @@ public:
   /// The button is a child of the group; null is allowed.
   void setCloseButton(Fl_Widget* button) { closeButton_ = button; }
   int handle(int event) override;
+  /// The button keeps its distance from the upper right corner.
+  void resize(int x, int y, int w, int h) override;
 
 private:
   Fl_Widget* closeButton_ = nullptr;

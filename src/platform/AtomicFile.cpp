@@ -27,7 +27,8 @@ std::string followLinks(std::string path)
     const ssize_t length = readlink(path.c_str(), buffer, sizeof buffer);
     if (length < 0) return path; // no link, or nothing there
     const std::string link(buffer, static_cast<std::size_t>(length));
-    path = link.starts_with('/') ? link : path.substr(0, path.rfind('/') + 1) + link;
+    path.erase(link.starts_with('/') ? 0 : path.rfind('/') + 1);
+    path += link;
   }
   errno = ELOOP;
   return {};

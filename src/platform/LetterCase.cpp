@@ -1,9 +1,9 @@
 #include "platform/LetterCase.h"
 
 #include <algorithm>
+#include <clocale>
 #include <cwchar>
 #include <cwctype>
-#include <locale.h>
 
 namespace nalt {
 

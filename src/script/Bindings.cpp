@@ -1,17 +1,80 @@
 #include "script/Bindings.h"
 
+#include "core/Shell.h"
+#include "script/Call.h"
+#include "script/ScriptRun.h"
 #include "script/bindings/ModelBindings.h"
+#include "script/bindings/SelectionBindings.h"
+#include "script/bindings/ServiceBindings.h"
 
+#include <algorithm>
+#include <cstdlib>
 #include <lua.hpp>
+#include <map>
 
 namespace nalt {
+
+namespace {
+
+/// What a function of the table `nalt` carries with it.
+struct Entry {
+  const ApiFunction* function;
+  const Binding* binding; ///< null while there is none
+};
+
+std::map<std::string_view, Entry> makeEntries()
+{
+  std::map<std::string_view, Entry> entries;
+  for (const auto& function : ApiReference::functions())
+    if (function.aliasOf.empty()) entries[function.name] = {&function, nullptr};
+  for (const auto family : {bindings::modelBindings(), bindings::selectionBindings(), bindings::traverseBindings(),
+                            bindings::serviceBindings()}) {
+    for (const auto& binding : family) {
+      const auto found = entries.find(binding.name);
+      if (found == entries.end()) std::abort(); // a binding of a function that the reference doesn't have
+      found->second.binding = &binding;
+    }
+  }
+  return entries;
+}
+
+Entry& entryOf(std::string_view name)
+{
+  static auto entries = makeEntries();
+  return entries.at(name);
+}
+
+int notImplemented(const Call& call, std::string_view name)
+{
+  Shell::get().warning("Not implemented yet: nalt." + std::string(name));
+  return call.giveNeutral();
+}
+
+int callFunction(lua_State* lua)
+{
+  const auto& entry = *static_cast<const Entry*>(lua_touserdata(lua, lua_upvalueindex(1)));
+  auto* run = ScriptRun::active();
+  if (!run || (entry.function->needs == ApiNeeds::model && !run->currentModel()))
+    return pushNeutral(lua, *entry.function, lua_gettop(lua));
+  Call call(lua, *entry.function, *run);
+  call.arguments().check();
+  Shell::get().setPresetAnswer(Answer::yes);
+  return entry.binding ? entry.binding->work(call) : notImplemented(call, entry.function->name);
+}
+
+} // namespace
 
 void registerBindings(lua_State* lua)
 {
   lua_newtable(lua);
-  for (const auto& binding : bindings::modelBindings()) {
-    lua_pushcfunction(lua, binding.function);
-    lua_setfield(lua, -2, binding.name);
+  for (const auto& function : ApiReference::functions()) {
+    if (function.aliasOf.empty()) {
+      lua_pushlightuserdata(lua, &entryOf(function.name));
+      lua_pushcclosure(lua, callFunction, 1);
+    } else {
+      lua_getfield(lua, -1, function.aliasOf.data());
+    }
+    lua_setfield(lua, -2, function.name.data());
   }
   lua_setglobal(lua, "nalt");
 }

@@ -1,16 +1,23 @@
 #pragma once
 
+#include <string_view>
+
 struct lua_State;
 
 namespace nalt {
 
-/// Fills the global table `nalt` with all functions of the script API.
-void registerBindings(lua_State* lua);
+class Call;
 
-/// One function of the API.
+/// What the program does for one function of the API.
 struct Binding {
-  const char* name;
-  int (*function)(lua_State*);
+  std::string_view name;
+  int (*work)(Call&); ///< gives the number of results that it pushed
 };
+
+/// Fills the global table `nalt` with all functions of the API reference. Each does nothing and gives its neutral
+/// result, without an error, when no script runs, and also when it needs a current model and there is none. Otherwise
+/// it checks its arguments, has questions answered with yes, and calls its binding. One without a binding says so in a
+/// warning.
+void registerBindings(lua_State* lua);
 
 } // namespace nalt

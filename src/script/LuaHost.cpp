@@ -19,7 +19,11 @@ using State = std::unique_ptr<lua_State, CloseState>;
 /// What `print` makes of one value. Tables, functions and the like leave nothing but their place.
 std::string printed(lua_State* lua, int index)
 {
-  if (lua_isstring(lua, index)) return lua_tostring(lua, index);
+  if (lua_isstring(lua, index)) {
+    std::size_t length = 0;
+    const char* text = lua_tolstring(lua, index, &length);
+    return {text, length};
+  }
   if (lua_isboolean(lua, index)) return lua_toboolean(lua, index) ? "true" : "false";
   if (lua_isnil(lua, index)) return "<nil> ";
   return {};

@@ -6,10 +6,27 @@
 
 #include <fstream>
 #include <iostream>
+#include <utility>
 
 namespace nalt {
 
+namespace {
+
+std::function<void(const std::string&)>& outputPane()
+{
+  static std::function<void(const std::string&)> pane;
+  return pane;
+}
+
+} // namespace
+
 ScriptRun* ScriptRun::active_ = nullptr;
+
+ScriptRun::Activation::~Activation()
+{
+  active_ = before_;
+  if (before_) before_->takeOpenModels();
+}
 
 ScriptRun::ScriptRun(bool batch)
     : logFile_(environment("NALT_LOG").value_or("")),
@@ -21,28 +38,34 @@ ScriptRun::ScriptRun(bool batch)
   auto& shell = Shell::get();
   shell.waitCursor();
   shell.setQuiet(true, wasBatch_ || batch);
-  if (batch) return;
-  for (int i = 0; i < shell.modelCount(); ++i) {
-    auto* model = shell.modelAt(i);
-    if (model->fltFile()) models_[model->path()] = model;
-  }
-  currentModel_ = shell.currentModel();
-  if (currentModel_) currentFilename_ = currentModel_->path();
+  if (!batch) takeOpenModels();
 }
 
 ScriptRun::~ScriptRun()
 {
   auto& shell = Shell::get();
-  if (batch_) {
-    for (const auto& [filename, model] : models_) {
-      shell.setCurrentModel(*model);
-      shell.setPresetAnswer(Answer::no);
-      shell.closeModel();
-    }
-  }
+  if (batch_) closeAll();
   if (wasQuiet_) return;
-  shell.setQuiet(false, wasBatch_);
+  shell.setQuiet(false, false);
   shell.defaultCursor();
+  if (!batch_) shell.scriptEnded();
+}
+
+void ScriptRun::takeOpenModels()
+{
+  auto& shell = Shell::get();
+  models_.clear();
+  for (int i = 0; i < shell.modelCount(); ++i) {
+    auto* model = shell.modelAt(i);
+    if (model->fltFile()) models_[model->path()] = model;
+  }
+  currentModel_ = shell.currentModel();
+  currentFilename_ = currentModel_ ? currentModel_->path() : std::string{};
+}
+
+bool ScriptRun::records() const
+{
+  return !Shell::get().batch();
 }
 
 Model* ScriptRun::modelNamed(const std::string& filename) const
@@ -79,6 +102,20 @@ void ScriptRun::dropCurrent()
   currentFilename_ = currentModel_ ? currentModel_->path() : std::string{};
 }
 
+void ScriptRun::closeAll()
+{
+  auto& shell = Shell::get();
+  std::map<std::string, Model*> kept; // a shell may refuse to close a model, which is then still there
+  for (const auto& [filename, model] : models_) {
+    shell.setCurrentModel(*model);
+    shell.setPresetAnswer(Answer::no); // not to save
+    if (!shell.closeModel()) kept[filename] = model;
+  }
+  models_ = std::move(kept);
+  currentModel_ = nullptr;
+  currentFilename_.clear();
+}
+
 void ScriptRun::log(const std::string& text) const
 {
   if (logFile_.empty()) return;
@@ -87,11 +124,20 @@ void ScriptRun::log(const std::string& text) const
   if (!noLineFeed_) file << '\n';
 }
 
+bool ScriptRun::showsInPane() const
+{
+  return !batch_ && outputPane();
+}
+
 void ScriptRun::output(const std::string& text) const
 {
-  std::cout << text;
-  if (!noLineFeed_) std::cout << '\n';
-  std::cout.flush();
+  if (showsInPane()) {
+    outputPane()(text);
+  } else {
+    std::cout << text;
+    if (!noLineFeed_) std::cout << '\n';
+    std::cout.flush();
+  }
   log(text);
 }
 
@@ -102,6 +148,18 @@ void scriptOutput(const ScriptRun* run, const std::string& text)
   } else {
     std::cout << text << std::endl;
   }
+}
+
+void scriptMessage(const std::string& line)
+{
+  const auto* run = ScriptRun::active();
+  const bool framed = run && !run->showsInPane();
+  scriptOutput(run, framed ? '\n' + line + '\n' : line);
+}
+
+void setOutputPane(std::function<void(const std::string&)> pane)
+{
+  outputPane() = std::move(pane);
 }
 
 } // namespace nalt

@@ -2,6 +2,7 @@
 
 #include "core/MacroCommand.h"
 
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>
@@ -24,19 +25,22 @@ public:
 
   /// The run that the bindings work for, null when no script runs.
   static ScriptRun* active() { return active_; }
-  /// Makes a run the active one for the time of a block. A macro that a script starts thus nests.
+  /// Makes a run the active one for the time of a block. A macro that a script starts thus nests; the run that goes on
+  /// after it then knows the models as they are now.
   class Activation {
   public:
     explicit Activation(ScriptRun& run) : before_(active_) { active_ = &run; }
     Activation(const Activation&) = delete;
     Activation& operator=(const Activation&) = delete;
-    ~Activation() { active_ = before_; }
+    ~Activation();
 
   private:
     ScriptRun* before_;
   };
 
   bool batch() const { return batch_; }
+  /// Whether what the script does goes on the undo stack. Nobody could undo a batch run, nor a macro inside one.
+  bool records() const;
   bool noLineFeed() const { return noLineFeed_; }
   /// File that output and errors are appended to, empty for none.
   const std::string& logFile() const { return logFile_; }
@@ -54,13 +58,19 @@ public:
   /// The current model is gone; the window's current one, if any, takes its place.
   void dropCurrent();
   void setCurrent(Model& model);
+  /// Closes all models without saving. Then none is current.
+  void closeAll();
 
   /// Adds `text` to the output and to the log, with a line end unless the run wants none.
   void output(const std::string& text) const;
   void log(const std::string& text) const;
+  /// Whether the output goes to the pane of the script editor.
+  bool showsInPane() const;
 
 private:
   static ScriptRun* active_;
+
+  void takeOpenModels();
 
   std::map<std::string, Model*> models_;
   Model* currentModel_ = nullptr;
@@ -72,12 +82,20 @@ private:
   bool noLineFeed_;
 };
 
-/// The function behind `print` and the messages of a quiet run; standard output when no script runs.
+/// The function behind `print`; standard output when no script runs.
 void scriptOutput(const ScriptRun* run, const std::string& text);
+
+/// Where a message of a quiet run goes that would else be a dialog. `line` says what kind it is: "WARNING: ..." or
+/// "INFO: ...". The script's output has it between two line feeds, the script editor's pane on a line of its own.
+void scriptMessage(const std::string& line);
+
+/// Shows the output of runs that aren't batch runs: appends a line to the script editor's pane. Null while there is no
+/// such pane; the output then goes to standard output.
+void setOutputPane(std::function<void(const std::string&)> pane);
 
 /// Executes a script file in a fresh Lua state. False when it couldn't be loaded or ended with an error, whose text
 /// `errorText` then holds. Parameters become globals.
-/// @param arguments, programName the global table `arg` of a batch run
+/// @param arguments, programName for the global table `arg`, which only a batch run has
 bool runScript(ScriptRun& run, const std::string& scriptPath, std::string& errorText,
                const std::vector<MacroParameter>& parameters, const std::vector<std::string>& arguments,
                const std::string& programName);

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Checks .clang-tidy: clang-tidy knows every check that is switched off, and a comment of the form "# -check: why" tells
-the reason for each. It doesn't run the checks over the sources, which takes long: `cmake --build build --target tidy`.
+"""Checks .clang-tidy of the repository and its folders: clang-tidy knows every check that is switched off, and a comment of the form "# -check: why" tells
+the reason for each. It doesn't run the checks over the sources, which takes long: `cmake --preset tidy && cmake --build --preset tidy`.
 
 Usage: check_tidy.py REPOSITORY CLANG_TIDY
 """
@@ -25,13 +25,16 @@ def check(config, known):
 if __name__ == "__main__":
     if len(sys.argv) != 3:
         sys.exit(__doc__)
-    path, clang_tidy = Path(sys.argv[1]) / ".clang-tidy", sys.argv[2]
-    if not path.is_file():
+    repository, clang_tidy = Path(sys.argv[1]), sys.argv[2]
+    if not (repository / ".clang-tidy").is_file():
         sys.exit("There is no .clang-tidy.")
     listed = subprocess.run([clang_tidy, "--list-checks", "--checks=*"], capture_output=True, text=True, check=True)
-    all_faults = check(path.read_text(encoding="utf-8"), set(listed.stdout.split()))
-    parsed = subprocess.run([clang_tidy, "--dump-config", f"--config-file={path}"], capture_output=True, text=True)
-    if parsed.returncode or "error:" in parsed.stderr:
-        all_faults.append("clang-tidy can't read .clang-tidy: " + parsed.stderr.strip())
-    print("\n".join(all_faults) if all_faults else ".clang-tidy gives its reasons.")
+    all_faults = []
+    for path in [repository / folder / ".clang-tidy" for folder in (".", "src", "tests", "bench", "fuzz")]:
+        if path.is_file():
+            all_faults += [f"{path}: {fault}" for fault in check(path.read_text(encoding="utf-8"), set(listed.stdout.split()))]
+            parsed = subprocess.run([clang_tidy, "--dump-config", f"--config-file={path}"], capture_output=True, text=True)
+            if parsed.returncode or "error:" in parsed.stderr:
+                all_faults.append(f"{path}: clang-tidy can't read it: {parsed.stderr.strip()}")
+    print("\n".join(all_faults) if all_faults else "All checks that are off have their reasons.")
     sys.exit(1 if all_faults else 0)

@@ -16,11 +16,19 @@ class CheckIncludes(unittest.TestCase):
                 path = Path(folder) / name
                 path.parent.mkdir(parents=True, exist_ok=True)
                 path.write_text(text, encoding="utf-8")
-            found = check_includes.check(Path(folder))
-            done = subprocess.run([sys.executable, check_includes.__file__, folder], capture_output=True, text=True)
-            self.assertEqual(done.returncode, 1 if found else 0)
-            self.assertEqual(done.stdout, ("\n".join(found) or "Includes are in order.") + "\n")
-            return found
+            return check_includes.check(Path(folder))
+
+    def test_the_program_prints_the_faults_and_fails_when_there_are_any(self):
+        with tempfile.TemporaryDirectory() as folder:
+            def run():
+                done = subprocess.run([sys.executable, check_includes.__file__, folder], capture_output=True, text=True)
+                return done.returncode, done.stdout
+
+            self.assertEqual(run(), (0, "Includes are in order.\n"))
+            (Path(folder) / "src/core").mkdir(parents=True)
+            (Path(folder) / "src/core/A.h").write_text('#include "core/B.h"\n#include "core/C.h"\n', encoding="utf-8")
+            self.assertEqual(run(), (1, 'src/core/A.h:1: "core/B.h" is no file seen from src/ or from the repository\n'
+                                        'src/core/A.h:2: "core/C.h" is no file seen from src/ or from the repository\n'))
 
     def test_a_sound_tree_has_no_faults(self):
         self.assertEqual(self.faults({

@@ -37,9 +37,9 @@ void fade(std::vector<std::uint8_t>& pixels)
 {
   for (std::size_t i = 0; i < pixels.size(); i += channels) {
     const int grey = (pixels[i] * 30 + pixels[i + 1] * 59 + pixels[i + 2] * 11) / 100;
-    const auto light = static_cast<std::uint8_t>(96 + grey / 2);
+    const auto light = static_cast<std::uint8_t>(80 + grey / 2);
     pixels[i] = pixels[i + 1] = pixels[i + 2] = light;
-    pixels[i + 3] = static_cast<std::uint8_t>(pixels[i + 3] * 55 / 100);
+    pixels[i + 3] = static_cast<std::uint8_t>(pixels[i + 3] * 65 / 100);
   }
 }
 

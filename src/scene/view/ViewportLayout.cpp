@@ -26,13 +26,14 @@ std::vector<PanelRect> panelLayout(int x, int y, int w, int h, int count)
   }
 }
 
-void createViewports(Model& model, int count)
+void createViewports(Model& model, int count, const ViewportPreferences& preferences)
 {
   Fl_Group* const before = Fl_Group::current();
   Fl_Group::current(nullptr);
   VPBase* first = nullptr;
   for (const PanelRect& panel : panelLayout(model.x(), model.y(), model.w(), model.h(), count)) {
     auto* viewport = new Viewport(panel.x, panel.y, panel.w, panel.h, panel.name);
+    viewport->setPreferences(preferences);
     model.add(viewport);
     if (!first) first = viewport;
   }

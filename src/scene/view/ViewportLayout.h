@@ -1,5 +1,7 @@
 #pragma once
 
+#include "scene/view/ViewportPreferences.h"
+
 #include <vector>
 
 namespace nalt {
@@ -20,6 +22,6 @@ struct PanelRect {
 std::vector<PanelRect> panelLayout(int x, int y, int w, int h, int count);
 
 /// Gives `model` `count` viewports over its whole area, binds them and makes the first one active. Main thread only.
-void createViewports(Model& model, int count);
+void createViewports(Model& model, int count, const ViewportPreferences& preferences = {});
 
 } // namespace nalt

@@ -1,13 +1,19 @@
 #include "script/bindings/ModelBindings.h"
 
+#include "core/Model.h"
+#include "core/Shell.h"
 #include "fltapi/OpcodeTable.h"
-#include "script/bindings/BindingSupport.h"
+#include "script/Call.h"
+#include "script/ScriptRun.h"
+
+#include <algorithm>
 
 namespace nalt::bindings {
 
 namespace {
 
 constexpr double programVersion = 2.9;
+constexpr int oldestVersion = 1570;
 
 bool refuseSameName(const std::string& filename)
 {
@@ -21,119 +27,112 @@ std::string withFltExtension(const std::string& filename)
   return has ? filename : filename + ".flt";
 }
 
-int getVersion(lua_State* lua)
+int versionOf(const Call& call)
 {
-  lua_pushnumber(lua, ScriptRun::active() ? programVersion : 0.0);
-  return 1;
+  return std::clamp(call.integer("version"), oldestVersion, static_cast<int>(fltapi::currentVersion));
 }
 
-int newModel(lua_State* lua)
+bool makeModel(ScriptRun& run, const std::string& filename)
 {
-  auto* run = ScriptRun::active();
-  if (!run) return giveBoolean(lua, false);
-  const auto filename = fileArgument(lua, 1);
-  answerWith(Answer::yes);
-  if (run->modelNamed(filename)) return giveBoolean(lua, refuseSameName(filename));
+  if (run.modelNamed(filename)) return refuseSameName(filename);
   auto* model = Shell::get().newModel(filename);
-  if (model) run->enter(*model);
-  return giveBoolean(lua, model != nullptr);
+  if (model) run.enter(*model);
+  return model != nullptr;
 }
 
-int openModel(lua_State* lua)
+bool open(ScriptRun& run, const std::string& filename)
 {
-  auto* run = ScriptRun::active();
-  if (!run) return giveBoolean(lua, false);
-  const auto filename = fileArgument(lua, 1);
-  answerWith(Answer::yes);
-  if (auto* model = run->modelNamed(filename)) {
-    run->setCurrent(*model);
-    return giveBoolean(lua, true);
+  if (auto* model = run.modelNamed(filename)) {
+    run.setCurrent(*model);
+    return true;
   }
-  if (!Shell::get().openModel(filename, /*synchronous=*/true)) return giveBoolean(lua, false);
+  if (!Shell::get().openModel(filename, /*synchronous=*/true)) return false;
   auto* model = Shell::get().currentModel();
-  const bool opened = model && model->path() == filename;
-  if (opened) run->enter(*model);
-  return giveBoolean(lua, opened);
+  if (!model || model->path() != filename) return false;
+  run.enter(*model);
+  return true;
 }
 
-int saveModel(lua_State* lua)
+bool saveAs(ScriptRun& run, const std::string& filename, int version)
 {
-  if (!runWithModel()) return giveBoolean(lua, false);
-  const int version = integerArgument(lua, 1, fltapi::currentVersion);
-  answerWith(Answer::yes);
-  return giveBoolean(lua, Shell::get().saveModel(version, /*synchronous=*/true));
+  const auto* other = run.modelNamed(filename);
+  if (other && other != run.currentModel()) return refuseSameName(filename);
+  if (!Shell::get().saveModelAs(filename, version, /*synchronous=*/true)) return false;
+  run.rename();
+  return true;
 }
 
-int saveModelAs(lua_State* lua)
+bool saveAll(ScriptRun& run)
 {
-  auto* run = runWithModel();
-  if (!run) return giveBoolean(lua, false);
-  const auto filename = withFltExtension(fileArgument(lua, 1));
-  const int version = integerArgument(lua, 2, fltapi::currentVersion);
-  answerWith(Answer::yes);
-  const auto* other = run->modelNamed(filename);
-  if (other && other != run->currentModel()) return giveBoolean(lua, refuseSameName(filename));
-  const bool saved = Shell::get().saveModelAs(filename, version, /*synchronous=*/true);
-  if (saved) run->rename();
-  return giveBoolean(lua, saved);
-}
-
-int saveAllModels(lua_State* lua)
-{
-  auto* run = ScriptRun::active();
-  if (!run) return giveBoolean(lua, false);
-  auto* before = run->currentModel();
+  auto* before = run.currentModel();
+  if (!before) return false;
   bool all = true;
-  for (const auto& [filename, model] : run->models()) {
-    run->setCurrent(*model);
-    answerWith(Answer::yes);
+  for (const auto& [filename, model] : run.models()) {
+    run.setCurrent(*model);
     all = Shell::get().saveModel(fltapi::currentVersion, /*synchronous=*/true) && all;
   }
-  if (before) run->setCurrent(*before);
-  return giveBoolean(lua, before && all);
+  run.setCurrent(*before);
+  return all;
 }
 
-int isModelUnsaved(lua_State* lua)
+int getVersion(Call& call)
 {
-  const auto* run = runWithModel();
-  return giveBoolean(lua, run && run->currentModel()->isDirty());
+  return call.give(programVersion);
 }
 
-int closeModel(lua_State*)
+int newModel(Call& call)
 {
-  auto* run = runWithModel();
-  if (!run) return 0;
-  answerWith(Answer::no);
-  if (Shell::get().closeModel()) run->dropCurrent();
-  return 0;
+  return call.give(makeModel(call.run(), call.text("filename")));
 }
 
-int closeAllModels(lua_State*)
+int openModel(Call& call)
 {
-  auto* run = ScriptRun::active();
-  if (!run) return 0;
-  while (!run->models().empty()) {
-    run->setCurrent(*run->models().begin()->second);
-    answerWith(Answer::no);
-    if (!Shell::get().closeModel()) break;
-    run->dropCurrent();
-  }
-  return 0;
+  return call.give(open(call.run(), call.text("filename")));
 }
 
-int setCurrentModel(lua_State* lua)
+int saveModel(Call& call)
 {
-  auto* run = ScriptRun::active();
-  if (!run) return giveBoolean(lua, false);
-  auto* model = run->modelNamed(fileArgument(lua, 1));
-  if (model) run->setCurrent(*model);
-  return giveBoolean(lua, model != nullptr);
+  return call.give(Shell::get().saveModel(versionOf(call), /*synchronous=*/true));
 }
 
-int getCurrentModelFilename(lua_State* lua)
+int saveModelAs(Call& call)
 {
-  const auto* run = runWithModel();
-  return giveText(lua, run ? run->currentFilename() : std::string{});
+  return call.give(saveAs(call.run(), withFltExtension(call.text("filename")), versionOf(call)));
+}
+
+int saveAllModels(Call& call)
+{
+  return call.give(saveAll(call.run()));
+}
+
+int isModelUnsaved(Call& call)
+{
+  return call.give(call.model().isDirty());
+}
+
+int closeModel(Call& call)
+{
+  Shell::get().setPresetAnswer(Answer::no); // not to save
+  if (Shell::get().closeModel()) call.run().dropCurrent();
+  return call.giveNothing();
+}
+
+int closeAllModels(Call& call)
+{
+  call.run().closeAll();
+  return call.giveNothing();
+}
+
+int setCurrentModel(Call& call)
+{
+  auto* model = call.run().modelNamed(call.text("filename"));
+  if (model) call.run().setCurrent(*model);
+  return call.give(model != nullptr);
+}
+
+int getCurrentModelFilename(Call& call)
+{
+  return call.give(call.run().currentFilename());
 }
 
 constexpr Binding table[] = {
@@ -142,12 +141,12 @@ constexpr Binding table[] = {
     {"openModel", openModel},
     {"saveModel", saveModel},
     {"saveModelAs", saveModelAs},
-    {"saveAllModels", saveAllModels},
     {"isModelUnsaved", isModelUnsaved},
     {"closeModel", closeModel},
-    {"closeAllModels", closeAllModels},
     {"setCurrentModel", setCurrentModel},
     {"getCurrentModelFilename", getCurrentModelFilename},
+    {"saveAllModels", saveAllModels},
+    {"closeAllModels", closeAllModels},
 };
 
 } // namespace

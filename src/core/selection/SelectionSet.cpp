@@ -1,0 +1,249 @@
+#include "core/selection/SelectionSet.h"
+
+#include "core/Model.h"
+#include "core/ScriptRecorder.h"
+#include "core/Shell.h"
+#include "core/WaitCursor.h"
+#include "core/selection/Collect.h"
+#include "core/selection/SelectionCommand.h"
+#include "platform/Memory.h"
+
+namespace nalt {
+
+namespace {
+
+bool hasSelectedAncestor(const Selections& selections, const fltapi::PrimNodeRecord& node)
+{
+  for (const auto* above = node.parent(); above; above = above->parent()) {
+    if (selections.containsNode(*above)) return true;
+  }
+  return false;
+}
+
+/// Anything below the node: sub-nodes, or corners and edges of its polygons.
+bool hasSelectedDescendant(const Selections& selections, fltapi::PrimNodeRecord& node)
+{
+  for (auto* child : node.primaryChildren()) {
+    if (child->opcode() == fltapi::VertexListRecord::code) {
+      auto& list = static_cast<fltapi::VertexListRecord&>(*child);
+      const auto* edges = static_cast<const EdgeSelection*>(selections.find(SelectionMode::edge));
+      const auto& vertices = list.vertices();
+      for (std::size_t i = 0; i < vertices.size(); ++i) {
+        if (selections.containsVertex(list, *vertices[i])) return true;
+        if (edges && edges->elements().contains({&list, vertices[i], vertices[(i + 1) % vertices.size()]})) return true;
+      }
+    } else if (selections.containsNode(*child) || hasSelectedDescendant(selections, *child)) {
+      return true;
+    }
+  }
+  return false;
+}
+
+} // namespace
+
+std::size_t SelectionSet::size(SelectionMode mode) const
+{
+  const auto* family = current_.find(mode);
+  return family ? family->size() : 0;
+}
+
+std::vector<std::string> SelectionSet::names() const
+{
+  std::vector<std::string> all;
+  for (const auto& [mode, selection] : current_.families()) {
+    const auto names = selection->names();
+    all.insert(all.end(), names.begin(), names.end());
+  }
+  return all;
+}
+
+// ---- changing --------------------------------------------------------------------------------------------------
+
+void SelectionSet::select(Selections selections, const SelectionChange& change)
+{
+  const WaitCursor cursor;
+  previous_ = current_;
+  Selections before = std::move(current_);
+  current_ = std::move(selections);
+  // The command gets a copy of its own: what is selected now must not be copied at the next click.
+  Selections added;
+  if (change.undoable) {
+    for (const auto& [mode, selection] : current_.families())
+      added.add(*selection);
+  }
+  finish(std::move(before), std::move(added), change);
+}
+
+void SelectionSet::select(std::unique_ptr<Selection> selection, const SelectionChange& change)
+{
+  Selections selections;
+  selections.add(std::move(selection));
+  select(std::move(selections), change);
+}
+
+std::unique_ptr<Selection> SelectionSet::withoutRelatives(const Selection& selection) const
+{
+  auto rest = selection.clone();
+  if (current_.empty()) return rest;
+  rest->discard([&](fltapi::PrimNodeRecord& node, const fltapi::Record* vertex) {
+    if (hasSelectedAncestor(current_, node)) return true;
+    // A corner of a polygon has the polygon itself above it, and nothing below.
+    return vertex ? current_.containsNode(node) : hasSelectedDescendant(current_, node);
+  });
+  return rest;
+}
+
+bool SelectionSet::add(const Selection& selection, const SelectionChange& change)
+{
+  if (selection.empty()) {
+    model_.redrawViewports();
+    return false;
+  }
+  const WaitCursor cursor;
+  auto joining = withoutRelatives(selection);
+  if (joining->empty()) {
+    Shell::get().warning("Recursive selection is not allowed.");
+    return false;
+  }
+  Selections added;
+  if (const auto* family = current_.find(selection.mode())) joining->remove(*family);
+  added.add(*joining);
+  current_.add(*joining);
+  finish({}, std::move(added), change);
+  return true;
+}
+
+bool SelectionSet::remove(const Selection& selection, const SelectionChange& change)
+{
+  const auto* family = current_.find(selection.mode());
+  if (!family) return false;
+  const WaitCursor cursor;
+  auto leaving = selection.clone();
+  leaving->discard([&](fltapi::PrimNodeRecord& node, const fltapi::Record* vertex) {
+    return !vertex && !family->containsNode(node);
+  });
+  Selections removed;
+  removed.add(*leaving);
+  if (!current_.remove(selection)) return false;
+  finish(std::move(removed), {}, change);
+  return true;
+}
+
+bool SelectionSet::toggle(const Selection& selection, const SelectionChange& change)
+{
+  const WaitCursor cursor;
+  Selections removed;
+  Selections added;
+  auto joining = selection.clone();
+  if (const auto* family = current_.find(selection.mode())) {
+    auto leaving = selection.clone();
+    joining->remove(*family);
+    leaving->remove(*joining);
+    removed.add(*leaving);
+  }
+  joining = withoutRelatives(*joining);
+  added.add(*joining);
+  if (removed.empty() && added.empty()) {
+    Shell::get().warning("Recursive selection is not allowed.");
+    return false;
+  }
+  current_.remove(removed);
+  current_.add(added);
+  finish(std::move(removed), std::move(added), change);
+  return true;
+}
+
+void SelectionSet::clear(const SelectionChange& change)
+{
+  if (current_.empty()) return;
+  noteFreedElements(current_.size());
+  Selections before = std::move(current_);
+  current_.clear();
+  finish(std::move(before), {}, change);
+  constexpr std::size_t large = 100'000;
+  if (freedElements_ < large) return;
+  freedElements_ = 0;
+  giveBackFreedMemory();
+}
+
+void SelectionSet::selectPrevious(const SelectionChange& change)
+{
+  select(Selections(previous_), change);
+}
+
+void SelectionSet::finish(Selections removed, Selections added, const SelectionChange& change)
+{
+  const auto pivotBefore = pivot_;
+  if (change.updatePivot) pivot_.isStale = true;
+  tellListeners();
+  if (!change.undoable) return;
+  model_.commandStack().add(std::make_unique<SelectionCommand>(model_, std::move(removed), std::move(added),
+                                                               pivotBefore, pivot_, current_.empty(), change));
+}
+
+void SelectionSet::exchange(const Selections& leaving, const Selections& joining, const PivotState& pivot)
+{
+  current_.remove(leaving);
+  current_.add(joining);
+  pivot_ = pivot;
+  tellListeners();
+  for (auto* listener : pivotListeners)
+    listener->pivotChanged();
+}
+
+void SelectionSet::tellListeners()
+{
+  for (auto* listener : listeners)
+    listener->selectionChanged(!current_.empty());
+  Shell::get().selectionChanged(model_);
+  model_.redrawViewports();
+}
+
+// ---- pivot -----------------------------------------------------------------------------------------------------
+
+std::optional<osg::Vec3d> SelectionSet::pivot() const
+{
+  if (!pivot_.isStale) return pivot_.place;
+  pivot_.isStale = false;
+  osg::BoundingBoxd box;
+  for (const auto& [mode, selection] : current_.families())
+    box.expandBy(selection->boundingBox());
+  pivot_.place = box.valid() ? std::optional<osg::Vec3d>(box.center()) : std::nullopt;
+  return pivot_.place;
+}
+
+void SelectionSet::setPivot(const std::optional<osg::Vec3d>& pivot)
+{
+  pivot_ = {.place = pivot};
+  for (auto* listener : pivotListeners)
+    listener->pivotChanged();
+}
+
+// ---- records that come and go ----------------------------------------------------------------------------------
+
+void SelectionSet::replaceRecord(fltapi::Record& oldRecord, fltapi::Record& newRecord)
+{
+  current_.replaceRecord(oldRecord, newRecord);
+  previous_.replaceRecord(oldRecord, newRecord);
+}
+
+void SelectionSet::forget(const fltapi::PrimNodeRecord& node)
+{
+  const auto isBelow = [&](fltapi::PrimNodeRecord& candidate, const fltapi::Record*) {
+    for (const fltapi::PrimNodeRecord* above = &candidate; above; above = above->parent()) {
+      if (above == &node) return true;
+    }
+    return false;
+  };
+  Selections kept;
+  for (const auto& [mode, selection] : current_.families()) {
+    auto rest = selection->clone();
+    rest->discard(isBelow);
+    kept.add(*rest);
+  }
+  current_ = std::move(kept);
+  pivot_.isStale = true;
+  tellListeners();
+}
+
+} // namespace nalt

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "fltapi/nodes/SwitchRecord.h"
+#include "fltapi/visitors/VertexVisitors.h"
+
+#include <osg/BoundingBox>
+#include <vector>
+
+namespace fltapi {
+
+/// The box of all vertices at and below where the visitor starts, each transformed by the matrices on its way. Of a
+/// switch only what its current mask shows counts; nodes that are hidden everywhere don't.
+class FltBoundingSphereVisitor : public RecordVisitor {
+public:
+  /// @param above from the coordinates of the first node's parent to those of the box
+  explicit FltBoundingSphereVisitor(const osg::Matrixd& above = {}) : matrices_{above} { revisit = true; }
+
+  using RecordVisitor::apply;
+  void apply(PrimNodeRecord& node) override;
+  void apply(VertexListRecord& list) override;
+  void apply(SwitchRecord& node) override;
+  void apply(InstanceReferenceRecord& reference) override;
+
+  /// Not valid when there were no vertices.
+  const osg::BoundingBoxd& box() const { return box_; }
+  int vertexCount() const { return vertexCount_; }
+
+private:
+  std::vector<osg::Matrixd> matrices_;
+  osg::BoundingBoxd box_;
+  int vertexCount_ = 0;
+};
+
+} // namespace fltapi
