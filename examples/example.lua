@@ -145,10 +145,10 @@ model:add(model:group("terminal", {model:object(joined(box(concrete, asphalt, -5
 
 -- ---- Nalt takes over ------------------------------------------------------------------------------------------------
 
-local path = folder .. "/airfield.flt"
+local path = folder .. "/example.flt"
 model:write(path)
 assert(nalt.openModel(path), "the example could not be opened")
 assert(nalt.saveModel(), "the example could not be saved")
-assert(nalt.saveModelAs(folder .. "/airfield-15.7.flt", 1570), "the example could not be saved as 15.7")
+assert(nalt.saveModelAs(folder .. "/example-15.7.flt", 1570), "the example could not be saved as 15.7")
 nalt.closeModel()
-print("Wrote " .. path .. " and " .. folder .. "/airfield-15.7.flt.")
+print("Wrote " .. path .. " and " .. folder .. "/example-15.7.flt.")

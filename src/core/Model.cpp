@@ -9,7 +9,6 @@
 
 #include <FL/Fl.H>
 #include <FL/fl_draw.H>
-#include <osgDB/ReadFile>
 
 #include <algorithm>
 #include <bit>
@@ -70,14 +69,14 @@ bool Model::createEmpty()
   file_ = new fltapi::FltFile;
   file_->initNew();
   if (auto* palette = file_->colorPalette()) fillDefaultColors(*palette);
-  scene_ = nullptr;
+  sync_ = nullptr;
   return true;
 }
 
 bool Model::load(const std::string& path)
 {
   file_ = new fltapi::FltFile;
-  scene_ = nullptr;
+  sync_ = nullptr;
   if (!file_->load(path)) {
     file_ = nullptr;
     return false;
@@ -93,10 +92,12 @@ fltapi::FltFile* Model::fltFile() const
 
 osg::Group* Model::sceneRoot()
 {
-  if (scene_) return scene_;
-  scene_ = new osg::Group;
-  if (const osg::ref_ptr<osg::Node> node = osgDB::readRefNodeFile(path_)) scene_->addChild(node);
-  return scene_;
+  if (!file_) return nullptr;
+  if (!sync_) {
+    sync_ = std::make_unique<Sync>(*file_);
+    sync_->translateAll();
+  }
+  return sync_->root();
 }
 
 void Model::setPath(std::string path)

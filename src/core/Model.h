@@ -1,8 +1,10 @@
 #pragma once
 
 #include "core/CommandStack.h"
+#include "core/PaletteIndices.h"
 #include "core/VPBase.h"
 #include "core/selection/SelectionSet.h"
+#include "scene/image/Sync.h"
 
 #include <FL/Fl_Tile.H>
 #include <osg/Group>
@@ -48,6 +50,8 @@ public:
   /// The root of the scene graph image of the document, made and translated at the first call, so that a run without
   /// windows never builds one. Needs a document.
   osg::Group* sceneRoot();
+  /// The same image while there is one, else null: edits tell it what they changed.
+  Sync* sync() { return sync_.get(); }
 
   const std::string& path() const { return path_; }
   void setPath(std::string path);
@@ -78,6 +82,7 @@ public:
 
   CommandStack& commandStack() { return commandStack_; }
   SelectionSet& selections() { return selections_; }
+  PaletteIndices& paletteIndices() { return paletteIndices_; }
   /// Brings what depends on the edits up to date after one was undone or redone.
   void followHistory();
 
@@ -90,13 +95,14 @@ public:
 
 private:
   osg::ref_ptr<fltapi::FltFile> file_;
-  osg::ref_ptr<osg::Group> scene_;
+  std::unique_ptr<Sync> sync_;
   std::string path_;
   bool dirty_ = false;
   bool new_ = false;
   std::vector<VPBase*> viewports_;
   VPBase* activeViewport_ = nullptr;
   DisplaySwitches switches_;
+  PaletteIndices paletteIndices_{*this};
   SelectionSet selections_{*this};
   CommandStack commandStack_{*this};
 };

@@ -28,7 +28,8 @@ constexpr std::array kinds = {
     PaletteKindInfo{PaletteKind::colorIndex, "Set Current Color Index", "setCurrentColorIndex", 0, 0, -1, lastColor},
     PaletteKindInfo{PaletteKind::colorIntensity, "Set Current Color Intensity", "setCurrentColorIntensity",
                     lastIntensity, 0, 0, lastIntensity},
-    PaletteKindInfo{PaletteKind::texture, "Set Current Texture", "setCurrentTextureIndex", -1, op::texturePalette, 0, 0},
+    PaletteKindInfo{PaletteKind::texture, "Set Current Texture", "setCurrentTextureIndex", -1, op::texturePalette, 0,
+                    0},
     PaletteKindInfo{PaletteKind::material, "Set Current Material", "setCurrentMaterialIndex", -1, op::materialPalette,
                     0, 0},
     PaletteKindInfo{PaletteKind::textureMapping, "Set Current Texture Mapping", "setCurrentTextureMappingIndex", -1,
@@ -73,7 +74,8 @@ const PaletteKindInfo& infoOf(PaletteKind kind)
 
 PaletteIndices::PaletteIndices(Model& model) : model_(model)
 {
-  for (const auto& info : kinds) store(info.kind, info.initial);
+  for (const auto& info : kinds)
+    store(info.kind, info.initial);
 }
 
 void PaletteIndices::store(PaletteKind kind, int value)
@@ -122,8 +124,8 @@ RgbaColor PaletteIndices::currentColor() const
 {
   const auto* file = model_.fltFile();
   if (!file || !file->header() || file->header()->rgbMode() || !file->colorPalette()) return rgbColor_;
-  const auto index = get(PaletteKind::colorIndex) * fltapi::ColorPaletteRecord::intensityCount +
-                     get(PaletteKind::colorIntensity);
+  const auto index =
+      get(PaletteKind::colorIndex) * fltapi::ColorPaletteRecord::intensityCount + get(PaletteKind::colorIntensity);
   const auto color = file->colorPalette()->colorAt(static_cast<std::uint32_t>(index));
   return {.r = color.r, .g = color.g, .b = color.b, .a = 255};
 }

@@ -11,8 +11,7 @@ namespace nalt {
 
 SetIndexCommand::SetIndexCommand(Model& model, PaletteKind kind, int before, int after)
     : Command(infoOf(kind).commandName), model_(model), kind_(kind), other_(before), current_(after)
-{
-}
+{}
 
 void SetIndexCommand::exchange()
 {
@@ -33,8 +32,7 @@ std::string SetIndexCommand::commentText() const
 
 SetRgbColorCommand::SetRgbColorCommand(Model& model, RgbaColor before, RgbaColor after)
     : Command("Set Current RGB Color"), model_(model), other_(before), current_(after)
-{
-}
+{}
 
 void SetRgbColorCommand::exchange()
 {

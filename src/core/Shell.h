@@ -68,6 +68,8 @@ public:
   /// What can be undone or redone in `model` changed.
   virtual void historyChanged(Model& /*model*/) {}
   virtual void selectionChanged(Model& /*model*/) {}
+  /// Another palette entry of `model` is the current one.
+  virtual void paletteIndexChanged(Model& /*model*/) {}
   /// A script that the user started is over: tree, selection, undo menu and macro list are shown as they are now.
   virtual void scriptEnded() {}
   /// Opens what was dropped on the window: paths or "file:" URIs, one in each line.
