@@ -209,6 +209,11 @@ void PrimNodeRecord::addChild(Record* child, bool append)
   insertAt(append || child->index_ < 0 ? end : std::min(child->index_, end), child);
 }
 
+void PrimNodeRecord::insertChildAt(Record* child, int position)
+{
+  if (child && file()) insertAt(std::clamp(position, 0, children_.size()), child);
+}
+
 void PrimNodeRecord::insertChildBefore(Record* child, Record* sibling)
 {
   if (child && file() && isChild(sibling)) insertAt(positionOf(*sibling), child);

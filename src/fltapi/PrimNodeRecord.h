@@ -66,6 +66,8 @@ public:
   /// Attaches `child`: behind the last one, or at the position that its `index` names. Nothing happens for null, for a
   /// node without a file, and for a child that is there already.
   void addChild(Record* child, bool append);
+  /// At that position, or behind the last child when there are fewer.
+  void insertChildAt(Record* child, int position);
   void insertChildBefore(Record* child, Record* sibling);
   void insertChildAfter(Record* child, Record* sibling);
   /// In front of the first sub-node, or at the end: the place of new ancillary records.
