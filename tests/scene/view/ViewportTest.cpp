@@ -131,6 +131,17 @@ TEST_F(ViewportTest, ANewSceneKeepsTheView)
   EXPECT_TRUE(view->orthographic());
 }
 
+TEST_F(ViewportTest, EachOneDrawsWhatHasItsBit)
+{
+  createViewports(*model, 1);
+  auto* second = dynamic_cast<Viewport*>(model->viewports().back());
+  ASSERT_NE(second, view);
+  second->sceneView().setState(new osg::State);
+  second->sceneView().setViewport(0, 0, 800, 600);
+  second->sceneView().cull();
+  EXPECT_EQ(second->sceneView().getCullVisitor()->getTraversalMask(), 2U);
+}
+
 TEST_F(ViewportTest, StylesSwitchTheGroupsThatDraw)
 {
   EXPECT_NE(view->scene().polygons()->getNodeMask(), 0U);
