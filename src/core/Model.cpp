@@ -160,13 +160,16 @@ void Model::setActiveViewport(VPBase* viewport)
 void Model::bindViewports()
 {
   std::uint32_t bit = 1;
+  std::uint32_t bits = 0; // of all that draw
   for (int i = 0; i < children(); ++i, bit = std::rotl(bit, 1)) {
     auto* panel = dynamic_cast<VPBase*>(child(i));
     if (!panel) continue;
     if (panel->drawsScene() && std::find(viewports_.begin(), viewports_.end(), panel) == viewports_.end())
       viewports_.push_back(panel);
+    if (panel->drawsScene()) bits |= bit;
     panel->bind(*this, bit);
   }
+  if (sync_) sync_->setViewportBits(bits);
 }
 
 void Model::removeViewport(VPBase* viewport, bool destroy)

@@ -103,14 +103,25 @@ class Session:
         subprocess.run([Path(self.program).parent / "make_model", path, *arguments], check=True)
         return path
 
-    def start(self, *files):
+    def launch(self, *files):
         environment = {**os.environ, "HOME": str(self.home)}
         environment.pop("XDG_CONFIG_HOME", None)
         self.output = open(self.folder / "output", "w+")
         self.process = subprocess.Popen([self.program, *map(str, files)], env=environment, cwd=self.folder,
                                         stdout=self.output, stderr=subprocess.STDOUT)
+
+    def start(self, *files):
+        """Starts the program and waits until it can be used."""
+        self.launch(*files)
         self.main = self.window(MAIN)
         self.close_splash()
+        self.focus_main()
+
+    def start_with_message(self, *files):
+        """The same when the program has something to say about `files`, which then waits for an answer."""
+        self.launch(*files)
+        self.main = self.window(MAIN)
+        self.window("^Warning$")
 
     def close_splash(self):
         self.click(20, 20, window=self.window(SPLASH))
@@ -181,10 +192,10 @@ class Session:
         xdotool("key", *keys)
 
     def answer(self, title, key):
-        """Presses `key` in the dialog with that title and waits for the dialog to go."""
+        """Presses `key` in the dialog with that title and waits for the dialog to go; another one may follow it."""
         window = self.window(title)
         self.key(key, window=window)
-        self.wait_until_gone(title)
+        poll(f"the window with the title {title} to go", lambda: window not in self.windows(title))
         self.focus_main()
 
     def focus_main(self):
