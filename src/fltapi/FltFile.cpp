@@ -23,13 +23,17 @@ FltFile::FltFile(const FltFile& other)
       loadedVersion_(other.loadedVersion_),
       quiet_(other.quiet_)
 {
-  if (!other.header_) return;
-  header_ = static_cast<HeaderRecord*>(other.header_->cloneTree(this, /*rename=*/false, /*keepNamesUnique=*/false));
+  // All definitions are entered before anything that refers to them is copied.
+  std::vector<InstanceDefinitionRecord*> copies;
   for (const auto& [number, definition] : other.instanceDefinitions_) {
-    // References in the tree have brought most of the definitions already.
-    if (instanceDefinitions_.count(number) >= other.instanceDefinitions_.count(number)) continue;
-    instanceDefinitions_.emplace(number, static_cast<InstanceDefinitionRecord*>(
-                                             definition->cloneTree(this, /*rename=*/false, /*keepNamesUnique=*/false)));
+    copies.push_back(static_cast<InstanceDefinitionRecord*>(definition->clone(this)));
+    instanceDefinitions_.emplace(number, copies.back());
+  }
+  auto copy = copies.begin();
+  for (const auto& [number, definition] : other.instanceDefinitions_)
+    definition->cloneChildrenInto(**copy++);
+  if (other.header_) {
+    header_ = static_cast<HeaderRecord*>(other.header_->cloneTree(this, /*rename=*/false, /*keepNamesUnique=*/false));
   }
   totalBytes_ = other.totalBytes_;
 }

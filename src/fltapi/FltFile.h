@@ -138,6 +138,7 @@ private:
 
   /// The file whose palette counts for records of this one: itself, or the one that refers to it.
   const FltFile* paletteOwner(int opcode) const;
+  void clear();
   bool readRecords(const std::string& path);
   void breakVertexPalette();
   void checkVersion() const;

@@ -54,6 +54,8 @@ const std::vector<PrimNodeRecord*>& PrimNodeRecord::parents() const
 
 void PrimNodeRecord::traverse(RecordVisitor& visitor)
 {
+  const RecordVisitor::Level level(visitor);
+  if (level.tooDeep()) return;
   // A visitor may change the children while it walks them: each one is held, and the position is found by number.
   for (int i = 0; i < children_.size(); ++i) {
     const osg::ref_ptr<Record> child = children_[i];

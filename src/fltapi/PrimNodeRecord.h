@@ -113,6 +113,8 @@ public:
   PrimNodeRecord* cloneTree(FltFile* target, bool rename, bool keepNamesUnique) const;
   /// The same in the record's own file. Null without one.
   PrimNodeRecord* cloneTree(bool rename) const;
+  /// Copies of all children, appended to those of `copy`, with their names.
+  void cloneChildrenInto(PrimNodeRecord& copy) const;
 
   // ---- geometry -----------------------------------------------------------------------------------------------------
 
