@@ -2,7 +2,7 @@
 
 #include "fltapi/AllRecords.h"
 #include "tests/scene/image/OffscreenView.h"
-#include "tests/scene/image/SampleFiles.h"
+#include "tests/support/SampleFiles.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "tests/scene/image/SampleFiles.h"
+#include "tests/support/SampleFiles.h"
 
 #include "platform/Environment.h"
 #include "tests/support/Surroundings.h"
