@@ -233,22 +233,28 @@ void FileOperations::startNext()
 
 void FileOperations::chooseAndOpen()
 {
-  gui_.openFiles(openDialog_.chooseToRead(fileOperation(FileOperationKind::open).title, openFlightFilter));
+  gui_.openFiles(
+      openDialog_.chooseToRead(fileOperation(FileOperationKind::open).title, openFlightFilter, 0, currentPath()));
 }
 
 void FileOperations::chooseAndImport()
 {
   gui_.importFiles(importDialog_.chooseToRead(fileOperation(FileOperationKind::import).title, importFilters(),
-                                              importFilters().size() - 1));
+                                              importFilters().size() - 1, currentPath()));
 }
 
 std::string FileOperations::chooseSavePath(const Model& model)
 {
-  const std::string chosen = saveDialog_.chooseToWrite(fileOperation(FileOperationKind::save).title, openFlightFilter,
-                                                       fileNamePart(model.path()));
+  const std::string chosen =
+      saveDialog_.chooseToWrite(fileOperation(FileOperationKind::save).title, openFlightFilter, model.path());
   if (chosen.empty()) return "";
   const std::string path = withOpenFlightSuffix(chosen);
   return mayOverwrite(path) ? path : "";
+}
+
+std::string FileOperations::currentPath() const
+{
+  return gui_.currentModel() ? gui_.currentModel()->path() : "";
 }
 
 bool FileOperations::mayOverwrite(const std::string& path)

@@ -59,6 +59,7 @@ private:
   void finishLoad();
   void finishSave();
   void putBack();
+  std::string currentPath() const;
 
   Gui& gui_;
   std::deque<std::unique_ptr<FileJob>> queue_;
