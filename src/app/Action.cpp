@@ -30,11 +30,6 @@ bool idleModel(const Gui& gui)
   return model(gui) && idle(gui);
 }
 
-bool closable(const Gui& gui)
-{
-  return model(gui) && !gui.files().isSaving(*gui.currentModel());
-}
-
 bool revertable(const Gui& gui)
 {
   return idleModel(gui) && !gui.currentModel()->isNew();

@@ -16,7 +16,6 @@ bool never(const Gui& gui);
 bool idle(const Gui& gui);          ///< no file operation runs
 bool model(const Gui& gui);         ///< a model is open
 bool idleModel(const Gui& gui);     ///< a model is open and no file operation runs
-bool closable(const Gui& gui);      ///< the current model isn't being written
 bool revertable(const Gui& gui);    ///< the current model has a file to go back to
 bool severalModels(const Gui& gui); ///< at least two
 bool viewport(const Gui& gui);      ///< the current model has an active viewport

@@ -77,14 +77,20 @@ bool isImportPath(const std::string& path)
   return std::find(endings.begin(), endings.end(), lowerCase(name.substr(dot + 1))) != endings.end();
 }
 
+std::string FileDialogs::startFolder(const std::string& near) const
+{
+  if (!folder_.empty()) return folder_;
+  return folderPart(makeAbsolute(near.empty() ? "x" : near)); // without a file, the working folder
+}
+
 std::vector<std::string> FileDialogs::chooseToRead(const char* title, const std::vector<FileFilter>& filters,
-                                                   std::size_t preset)
+                                                   std::size_t preset, const std::string& near)
 {
   Fl_Native_File_Chooser chooser(Fl_Native_File_Chooser::BROWSE_MULTI_FILE);
   chooser.title(title);
   chooser.filter(fltkFilter(filters).c_str());
   chooser.filter_value(static_cast<int>(preset));
-  if (!folder_.empty()) chooser.directory(folder_.c_str());
+  chooser.directory(startFolder(near).c_str());
   if (chooser.show() != 0) return {};
   std::vector<std::string> paths;
   for (int i = 0; i < chooser.count(); ++i)
@@ -94,13 +100,13 @@ std::vector<std::string> FileDialogs::chooseToRead(const char* title, const std:
 }
 
 std::string FileDialogs::chooseToWrite(const char* title, const std::vector<FileFilter>& filters,
-                                       const std::string& proposal)
+                                       const std::string& near)
 {
   Fl_Native_File_Chooser chooser(Fl_Native_File_Chooser::BROWSE_SAVE_FILE);
   chooser.title(title);
   chooser.filter(fltkFilter(filters).c_str());
-  if (!folder_.empty()) chooser.directory(folder_.c_str());
-  if (!proposal.empty()) chooser.preset_file(proposal.c_str());
+  chooser.directory(startFolder(near).c_str());
+  chooser.preset_file(fileNamePart(near).c_str());
   if (chooser.show() != 0 || !chooser.filename()) return "";
   const std::string path = chooser.filename();
   folder_ = folderPart(path);

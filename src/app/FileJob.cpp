@@ -37,6 +37,7 @@ void import(FileJob& job)
 }
 
 const FileOperation operations[] = {
+    {FileOperationKind::create, "", "", "", nullptr},
     {FileOperationKind::open, "Open File", "Opening file: %s...", "openCB (pthread_create)", load},
     {FileOperationKind::revert, "", "Reverting file: %s...", "revertCB (pthread_create)", load},
     {FileOperationKind::save, "Save File", "Saving file: %s...", "save (pthread_create)", save},

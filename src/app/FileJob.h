@@ -12,7 +12,7 @@ namespace nalt {
 class Model;
 class VPBase;
 
-enum class FileOperationKind { open, revert, save, import };
+enum class FileOperationKind { create, open, revert, save, import };
 
 struct QueuedMessage {
   MessageKind kind;
@@ -53,7 +53,7 @@ struct FileOperation {
   const char* title;        ///< of the file dialog
   const char* progressText; ///< "%s" stands for the path
   const char* threadTag;    ///< in front of the system's reason when no thread can be made
-  void (*work)(FileJob&);   ///< runs on the worker: no FLTK, and no model but its own
+  void (*work)(FileJob&);   ///< null when there is none; runs on the worker: no FLTK, and no model but its own
 };
 
 const FileOperation& fileOperation(FileOperationKind kind);

@@ -58,6 +58,11 @@ bool FileOperations::open(const std::string& path, bool synchronous)
   return submit(makeJob(FileOperationKind::open, path), synchronous);
 }
 
+bool FileOperations::create(const std::string& filename)
+{
+  return submit(makeJob(FileOperationKind::create, filename), /*synchronous=*/false);
+}
+
 bool FileOperations::import(const std::string& path, bool synchronous)
 {
   if (!isImportPath(path)) {
@@ -117,6 +122,11 @@ bool FileOperations::submit(std::unique_ptr<FileJob> job, bool synchronous)
 
 bool FileOperations::run(std::unique_ptr<FileJob> job, bool synchronous)
 {
+  if (job->kind == FileOperationKind::create) {
+    gui_.newModel(job->path);
+    startNext();
+    return true;
+  }
   if (job->kind == FileOperationKind::open) {
     if (Model* shown = gui_.modelWithPath(job->path)) {
       gui_.setCurrentModel(*shown);
@@ -223,22 +233,28 @@ void FileOperations::startNext()
 
 void FileOperations::chooseAndOpen()
 {
-  gui_.openFiles(openDialog_.chooseToRead(fileOperation(FileOperationKind::open).title, openFlightFilter));
+  gui_.openFiles(
+      openDialog_.chooseToRead(fileOperation(FileOperationKind::open).title, openFlightFilter, 0, currentPath()));
 }
 
 void FileOperations::chooseAndImport()
 {
   gui_.importFiles(importDialog_.chooseToRead(fileOperation(FileOperationKind::import).title, importFilters(),
-                                              importFilters().size() - 1));
+                                              importFilters().size() - 1, currentPath()));
 }
 
 std::string FileOperations::chooseSavePath(const Model& model)
 {
-  const std::string chosen = saveDialog_.chooseToWrite(fileOperation(FileOperationKind::save).title, openFlightFilter,
-                                                       fileNamePart(model.path()));
+  const std::string chosen =
+      saveDialog_.chooseToWrite(fileOperation(FileOperationKind::save).title, openFlightFilter, model.path());
   if (chosen.empty()) return "";
   const std::string path = withOpenFlightSuffix(chosen);
   return mayOverwrite(path) ? path : "";
+}
+
+std::string FileOperations::currentPath() const
+{
+  return gui_.currentModel() ? gui_.currentModel()->path() : "";
 }
 
 bool FileOperations::mayOverwrite(const std::string& path)
@@ -246,15 +262,9 @@ bool FileOperations::mayOverwrite(const std::string& path)
   return !exists(path) || gui_.ask("Overwrite file " + path + "?") == Answer::yes;
 }
 
-bool FileOperations::isRunning(FileOperationKind kind) const
+void FileOperations::dropWaiting()
 {
-  return job_ && job_->kind == kind;
-}
-
-bool FileOperations::isSaving(const Model& model) const
-{
-  const auto saves = [&model](const std::unique_ptr<FileJob>& job) { return job && job->saved == &model; };
-  return saves(job_) || std::any_of(queue_.begin(), queue_.end(), saves);
+  std::erase_if(queue_, [](const std::unique_ptr<FileJob>& job) { return job->kind != FileOperationKind::save; });
 }
 
 void FileOperations::waitUntilIdle()

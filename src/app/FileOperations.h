@@ -24,6 +24,8 @@ public:
 
   // Each false when nothing was started or queued, or when a synchronous one failed; a message has said why.
   bool open(const std::string& path, bool synchronous);
+  /// An empty model that waits for its turn like all others: one thread at a time makes records.
+  bool create(const std::string& filename);
   bool import(const std::string& path, bool synchronous);
   bool save(Model& model, const std::string& path, int version, bool synchronous);
   /// Asks first, then loads the current model's file again in its place.
@@ -39,9 +41,8 @@ public:
 
   /// An operation runs or waits.
   bool busy() const { return job_ != nullptr || !queue_.empty(); }
-  bool isRunning(FileOperationKind kind) const;
-  /// Whether `model` is being written, or waits for it.
-  bool isSaving(const Model& model) const;
+  /// Forgets what waits to be opened or imported; saves stay.
+  void dropWaiting();
   /// Runs the event loop until nothing runs or waits any more.
   void waitUntilIdle();
   /// The one whose worker may speak now, null without.
@@ -58,6 +59,7 @@ private:
   void finishLoad();
   void finishSave();
   void putBack();
+  std::string currentPath() const;
 
   Gui& gui_;
   std::deque<std::unique_ptr<FileJob>> queue_;

@@ -169,7 +169,7 @@ Model* Gui::newModel(const std::string& filename)
 
 void Gui::createUntitled()
 {
-  newModel(untitled);
+  files_.create(untitled);
 }
 
 bool Gui::openModel(const std::string& path, bool synchronous)
@@ -233,7 +233,8 @@ void Gui::saveAs()
 
 bool Gui::saveAndWait(Model& model)
 {
-  if (model.isNew() || model.path() == untitled)
+  const bool canAsk = !quiet_ && !headless_;
+  if (canAsk && (model.isNew() || model.path() == untitled))
     saveAs();
   else
     saveModel(saveVersionOf(model), /*synchronous=*/false);
@@ -259,7 +260,8 @@ bool Gui::mayClose(Model& model)
 
 bool Gui::closeModel()
 {
-  if (!current_ || closing_ || files_.isSaving(*current_)) return false;
+  files_.waitUntilIdle();
+  if (!current_ || closing_) return false;
   closing_ = true;
   Model& model = *current_;
   const bool closes = mayClose(model);
@@ -279,6 +281,7 @@ void Gui::closeAllModels()
 void Gui::exitProgram()
 {
   if (closing_) return;
+  files_.dropWaiting();
   closeAllModels();
   if (modelCount() == 0) tearDown();
 }

@@ -76,8 +76,8 @@ const MenuRow rows[] = {
     entry("Save &As...", ctrl | shift | 's', commands::saveAs, when::model, divider),
     entry("&Import...", ctrl | 'i', commands::import),
     entry("&Export As...", ctrl | 'e', later, when::always, divider),
-    entry("&Close Model", ctrl | 'w', commands::closeModel, when::closable),
-    entry("C&lose All Models    ", ctrl | shift | 'w', commands::closeAllModels, when::closable, divider),
+    entry("&Close Model", ctrl | 'w', commands::closeModel, when::idleModel),
+    entry("C&lose All Models    ", ctrl | shift | 'w', commands::closeAllModels, when::idleModel, divider),
     entry("E&xit", ctrl | 'q', commands::exit),
     end,
 

@@ -1,5 +1,5 @@
-// make_model FILE.flt [VERSION]: writes a cube of side 2 about the origin, red above and below, green in front and
-// behind, blue to both sides, for tests that need a model to look at.
+// make_model FILE.flt [VERSION [COUNT]]: writes a cube of side 2 about the origin, red above and below, green in front
+// and behind, blue to both sides, for tests that need a model to look at. COUNT of them stand in a row along x.
 #include "fltapi/AllRecords.h"
 #include "fltapi/FltFile.h"
 
@@ -38,7 +38,7 @@ T* addNode(FltFile& file, fltapi::PrimNodeRecord& parent, const char* name)
   return node;
 }
 
-void addSide(FltFile& file, fltapi::PrimNodeRecord& parent, const Side& side, int number)
+void addSide(FltFile& file, fltapi::PrimNodeRecord& parent, const Side& side, const osg::Vec3d& place, int number)
 {
   auto* face = addNode<fltapi::FaceRecord>(file, parent, ("p" + std::to_string(number)).c_str());
   face->set(fltapi::FaceRecord::fields.packedColor, side.color);
@@ -51,7 +51,7 @@ void addSide(FltFile& file, fltapi::PrimNodeRecord& parent, const Side& side, in
   face->addChild(list, /*append=*/true);
   for (const osg::Vec3d& corner : side.corners) {
     auto* vertex = file.create<fltapi::NormalVertexRecord>();
-    vertex->set(fltapi::NormalVertexRecord::fields.position, corner);
+    vertex->set(fltapi::NormalVertexRecord::fields.position, corner + place);
     vertex->set(fltapi::NormalVertexRecord::fields.normal, normal);
     list->addVertex(vertex);
   }
@@ -62,16 +62,19 @@ void addSide(FltFile& file, fltapi::PrimNodeRecord& parent, const Side& side, in
 int main(int argc, char** argv)
 {
   if (argc < 2) {
-    std::fputs("usage: make_model FILE.flt [VERSION]\n", stderr);
+    std::fputs("usage: make_model FILE.flt [VERSION [COUNT]]\n", stderr);
     return 2;
   }
   const osg::ref_ptr<FltFile> file = new FltFile;
   file->initNew();
   auto* group = addNode<fltapi::GroupRecord>(*file, *file->header(), "g1");
   auto* object = addNode<fltapi::ObjectRecord>(*file, *group, "o1");
+  const int count = argc > 3 ? std::atoi(argv[3]) : 1;
   int number = 0;
-  for (const Side& side : sides)
-    addSide(*file, *object, side, ++number);
+  for (int i = 0; i < count; ++i) {
+    for (const Side& side : sides)
+      addSide(*file, *object, side, osg::Vec3d(3.0 * i, 0, 0), ++number);
+  }
   const int version = argc > 2 ? std::atoi(argv[2]) : fltapi::currentVersion;
   return file->save(argv[1], version) ? 0 : 1;
 }
