@@ -91,11 +91,7 @@ Model& Gui::addModel(std::unique_ptr<Model> owned, const std::vector<VPBase*>& v
     if (viewports.empty()) {
       createViewports(model, Preferences::get().viewportCount, viewportPreferences_);
     } else {
-      for (VPBase* viewport : viewports)
-        model.add(viewport->widget());
-      model.init_sizes();
-      model.bindViewports();
-      model.setActiveViewport(viewports.front());
+      addViewports(model, viewports);
     }
   }
   return model;

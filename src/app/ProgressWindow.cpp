@@ -21,7 +21,7 @@ constexpr int textSize = 12;
 
 } // namespace
 
-ProgressWindow::ProgressWindow() : Fl_Double_Window(width, height, "Nalt")
+ProgressWindow::ProgressWindow() : Fl_Double_Window(width, height, "Progress")
 {
   label_ = new Fl_Box(margin, 10, width - 2 * margin, 20);
   label_->labeltype(plainLabel());

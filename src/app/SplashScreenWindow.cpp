@@ -16,7 +16,7 @@ constexpr int height = 200;
 } // namespace
 
 SplashScreenWindow::SplashScreenWindow()
-    : Fl_Double_Window(Fl::w() / 2 - width / 2, Fl::h() / 2 - height / 2, width, height, "Nalt"),
+    : Fl_Double_Window(Fl::w() / 2 - width / 2, Fl::h() / 2 - height / 2, width, height, "Welcome to Nalt"),
       picture_(makeIcon("splash", width, height))
 {
   border(0);

@@ -4,6 +4,7 @@
 #include "core/Shell.h"
 #include "core/TabLabel.h"
 #include "fltapi/FltFile.h"
+#include "fltapi/nodes/HeaderRecord.h"
 #include "fltapi/palettes/ColorPaletteRecord.h"
 #include "platform/Paths.h"
 
@@ -70,6 +71,7 @@ bool Model::createEmpty()
   file_->initNew();
   if (auto* palette = file_->colorPalette()) fillDefaultColors(*palette);
   sync_ = nullptr;
+  checkParent();
   return true;
 }
 
@@ -82,6 +84,7 @@ bool Model::load(const std::string& path)
     return false;
   }
   path_ = path;
+  checkParent();
   return true;
 }
 
@@ -121,8 +124,26 @@ void Model::setDirty(bool dirty)
   Shell::get().documentChanged(*this);
 }
 
+void Model::setCurrentParent(fltapi::PrimNodeRecord* parent)
+{
+  if (currentParent_ == parent) return;
+  currentParent_ = parent;
+  Shell::get().parentChanged(*this);
+}
+
+void Model::checkParent()
+{
+  auto* header = file_ ? file_->header() : nullptr;
+  const fltapi::PrimNodeRecord* top = currentParent_;
+  while (top && top->parent())
+    top = top->parent();
+  if (top && header && (top == header || top->opcode() == fltapi::opcodes::instanceDefinition)) return;
+  setCurrentParent(header);
+}
+
 void Model::followHistory()
 {
+  checkParent();
   redrawViewports();
 }
 
@@ -139,13 +160,16 @@ void Model::setActiveViewport(VPBase* viewport)
 void Model::bindViewports()
 {
   std::uint32_t bit = 1;
+  std::uint32_t bits = 0; // of all that draw
   for (int i = 0; i < children(); ++i, bit = std::rotl(bit, 1)) {
     auto* panel = dynamic_cast<VPBase*>(child(i));
     if (!panel) continue;
     if (panel->drawsScene() && std::find(viewports_.begin(), viewports_.end(), panel) == viewports_.end())
       viewports_.push_back(panel);
+    if (panel->drawsScene()) bits |= bit;
     panel->bind(*this, bit);
   }
+  if (sync_) sync_->setViewportBits(bits);
 }
 
 void Model::removeViewport(VPBase* viewport, bool destroy)

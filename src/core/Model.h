@@ -82,6 +82,12 @@ public:
 
   CommandStack& commandStack() { return commandStack_; }
   SelectionSet& selections() { return selections_; }
+  /// Where new nodes go: the header unless the user chose another node. Null without a document.
+  fltapi::PrimNodeRecord* currentParent() const { return currentParent_.get(); }
+  void setCurrentParent(fltapi::PrimNodeRecord* parent);
+  /// After an edit that can take nodes away: a parent that is no longer in the tree gives way to the header.
+  void checkParent();
+
   PaletteIndices& paletteIndices() { return paletteIndices_; }
   /// Brings what depends on the edits up to date after one was undone or redone.
   void followHistory();
@@ -102,6 +108,7 @@ private:
   std::vector<VPBase*> viewports_;
   VPBase* activeViewport_ = nullptr;
   DisplaySwitches switches_;
+  osg::ref_ptr<fltapi::PrimNodeRecord> currentParent_;
   PaletteIndices paletteIndices_{*this};
   SelectionSet selections_{*this};
   CommandStack commandStack_{*this};

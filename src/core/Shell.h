@@ -69,6 +69,8 @@ public:
   virtual void historyChanged(Model& /*model*/) {}
   virtual void selectionChanged(Model& /*model*/) {}
   /// Another palette entry of `model` is the current one.
+  /// New nodes of `model` go to another place.
+  virtual void parentChanged(Model& /*model*/) {}
   virtual void paletteIndexChanged(Model& /*model*/) {}
   /// A script that the user started is over: tree, selection, undo menu and macro list are shown as they are now.
   virtual void scriptEnded() {}

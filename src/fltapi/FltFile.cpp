@@ -23,13 +23,17 @@ FltFile::FltFile(const FltFile& other)
       loadedVersion_(other.loadedVersion_),
       quiet_(other.quiet_)
 {
-  if (!other.header_) return;
-  header_ = static_cast<HeaderRecord*>(other.header_->cloneTree(this, /*rename=*/false, /*keepNamesUnique=*/false));
+  // All definitions are entered before anything that refers to them is copied.
+  std::vector<InstanceDefinitionRecord*> copies;
   for (const auto& [number, definition] : other.instanceDefinitions_) {
-    // References in the tree have brought most of the definitions already.
-    if (instanceDefinitions_.count(number) >= other.instanceDefinitions_.count(number)) continue;
-    instanceDefinitions_.emplace(number, static_cast<InstanceDefinitionRecord*>(
-                                             definition->cloneTree(this, /*rename=*/false, /*keepNamesUnique=*/false)));
+    copies.push_back(static_cast<InstanceDefinitionRecord*>(definition->clone(this)));
+    instanceDefinitions_.emplace(number, copies.back());
+  }
+  auto copy = copies.begin();
+  for (const auto& [number, definition] : other.instanceDefinitions_)
+    definition->cloneChildrenInto(**copy++);
+  if (other.header_) {
+    header_ = static_cast<HeaderRecord*>(other.header_->cloneTree(this, /*rename=*/false, /*keepNamesUnique=*/false));
   }
   totalBytes_ = other.totalBytes_;
 }
@@ -150,21 +154,35 @@ void FltFile::raiseCounter(const std::string& name, const OpcodeInfo& info)
   }
 }
 
+template <class Work>
+void FltFile::forEachName(const PrimNodeRecord& node, const Work& work)
+{
+  if (const auto name = node.getName(); !name.empty()) work(name);
+  if (node.opcode() == ExternalRecord::code) return;
+  for (const auto* child : node.primaryChildren())
+    forEachName(*child, work);
+}
+
 /// Most files are only converted or looked at, so the names are gathered when the first edit asks for them.
 void FltFile::collectNames()
 {
   if (namesCollected_) return;
   namesCollected_ = true;
   names_.clear();
-  const auto collect = [this](const auto& self, const PrimNodeRecord& node) -> void {
-    if (const auto name = node.getName(); !name.empty()) names_.add(name);
-    if (node.opcode() == ExternalRecord::code) return;
-    for (const auto* child : node.primaryChildren())
-      self(self, *child);
-  };
-  if (header_) collect(collect, *header_);
+  const auto add = [this](const std::string& name) { names_.add(name); };
+  if (header_) forEachName(*header_, add);
   for (const auto& [number, definition] : instanceDefinitions_)
-    collect(collect, *definition);
+    forEachName(*definition, add);
+}
+
+void FltFile::enterNames(const PrimNodeRecord& node)
+{
+  if (namesCollected_) forEachName(node, [this](const std::string& name) { names_.add(name); });
+}
+
+void FltFile::leaveNames(const PrimNodeRecord& node)
+{
+  if (namesCollected_) forEachName(node, [this](const std::string& name) { names_.remove(name); });
 }
 
 bool FltFile::registerName(const std::string& name, int opcode, bool allowDuplicate)

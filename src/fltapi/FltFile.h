@@ -102,6 +102,9 @@ public:
   bool registerName(const std::string& name, int opcode, bool allowDuplicate);
   /// Takes out one occurrence.
   void unregisterName(const std::string& name);
+  /// A subtree comes back into the file, or leaves it: its names follow.
+  void enterNames(const PrimNodeRecord& node);
+  void leaveNames(const PrimNodeRecord& node);
   bool isNameTaken(const std::string& name);
   std::uint32_t nextNumber(NameCounter counter) const { return nextNumbers_[static_cast<int>(counter)]; }
 
@@ -135,12 +138,15 @@ private:
 
   /// The file whose palette counts for records of this one: itself, or the one that refers to it.
   const FltFile* paletteOwner(int opcode) const;
+  void clear();
   bool readRecords(const std::string& path);
   void breakVertexPalette();
   void checkVersion() const;
   bool writeRecords(FileOutput& output) const;
   void raiseCounter(const std::string& name, const OpcodeInfo& info);
   void collectNames();
+  template <class Work>
+  static void forEachName(const PrimNodeRecord& node, const Work& work);
 
   std::string path_;
   NameRegistry names_;

@@ -44,16 +44,30 @@ void FltFile::checkVersion() const
        ".\nNalt will try to load it, but the file may not appear as expected.");
 }
 
+/// Nothing that was in the file before, and nothing of a load that failed, stays.
+void FltFile::clear()
+{
+  header_ = nullptr;
+  instanceDefinitions_.clear();
+  names_.clear();
+  namesCollected_ = false;
+  nextNumbers_.fill(1);
+  externalStamps_.clear();
+  repairsTold_.clear();
+  totalBytes_ = 0;
+  vertexListCount_ = 0;
+  modified_ = false;
+  reading_ = false;
+}
+
 bool FltFile::load(const std::string& path)
 {
   if (path.empty()) return false;
+  clear();
   path_ = path;
   reading_ = true;
-  modified_ = false;
   if (!readRecords(path)) {
-    reading_ = false;
-    header_ = nullptr;
-    instanceDefinitions_.clear();
+    clear();
     return false;
   }
   loadedVersion_ = header_->get(HeaderRecord::fields.formatRevision);

@@ -11,8 +11,8 @@ osg::Matrixd PrimNodeRecord::localMatrix() const
   osg::Matrixd product;
   if (holdsSubfaces()) return product;
   if (opcode() == opcodes::group && findChild<ReplicateRecord>()) return product;
-  for (const auto* record : findChildren(opcodes::matrix)) {
-    product = product * static_cast<const MatrixRecord*>(record)->matrix();
+  for (const auto* child : children_) {
+    if (child->opcode() == opcodes::matrix) product = product * static_cast<const MatrixRecord*>(child)->matrix();
   }
   return product;
 }

@@ -54,6 +54,8 @@ const std::vector<PrimNodeRecord*>& PrimNodeRecord::parents() const
 
 void PrimNodeRecord::traverse(RecordVisitor& visitor)
 {
+  const RecordVisitor::Level level(visitor);
+  if (level.tooDeep()) return;
   // A visitor may change the children while it walks them: each one is held, and the position is found by number.
   for (int i = 0; i < children_.size(); ++i) {
     const osg::ref_ptr<Record> child = children_[i];
@@ -207,6 +209,11 @@ void PrimNodeRecord::addChild(Record* child, bool append)
   if (child->parent_ == this && childAt(child->index_) == child) return;
   const int end = children_.size();
   insertAt(append || child->index_ < 0 ? end : std::min(child->index_, end), child);
+}
+
+void PrimNodeRecord::insertChildAt(Record* child, int position)
+{
+  if (child && file()) insertAt(std::clamp(position, 0, children_.size()), child);
 }
 
 void PrimNodeRecord::insertChildBefore(Record* child, Record* sibling)

@@ -66,6 +66,8 @@ public:
   /// Attaches `child`: behind the last one, or at the position that its `index` names. Nothing happens for null, for a
   /// node without a file, and for a child that is there already.
   void addChild(Record* child, bool append);
+  /// At that position, or behind the last child when there are fewer.
+  void insertChildAt(Record* child, int position);
   void insertChildBefore(Record* child, Record* sibling);
   void insertChildAfter(Record* child, Record* sibling);
   /// In front of the first sub-node, or at the end: the place of new ancillary records.
@@ -111,6 +113,8 @@ public:
   PrimNodeRecord* cloneTree(FltFile* target, bool rename, bool keepNamesUnique) const;
   /// The same in the record's own file. Null without one.
   PrimNodeRecord* cloneTree(bool rename) const;
+  /// Copies of all children, appended to those of `copy`, with their names.
+  void cloneChildrenInto(PrimNodeRecord& copy) const;
 
   // ---- geometry -----------------------------------------------------------------------------------------------------
 

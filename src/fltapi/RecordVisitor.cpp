@@ -31,7 +31,8 @@ void RecordVisitor::apply(InstanceReferenceRecord& reference)
 {
   auto* file = reference.file();
   auto* definition = file ? file->instanceDefinition(reference.instanceNumber()) : nullptr;
-  if (!definition) return;
+  const Level level(*this);
+  if (!definition || level.tooDeep()) return;
   if (!revisit && !visited.insert(definition).second) return;
   if (!entered_.insert(definition).second) return;
   if (auto* body = definition->firstPrimaryChild()) body->accept(*this);

@@ -11,6 +11,10 @@ class Record;
 FLTAPI_VISITED_RECORDS(FLTAPI_FORWARD, FLTAPI_FORWARD)
 #undef FLTAPI_FORWARD
 
+/// Levels of nodes below each other that a file may have. More than any model needs would exhaust the stack of whoever
+/// walks the tree.
+inline constexpr int deepestLevel = 1000;
+
 /// How far a visitor goes by itself.
 enum class TraversalMode : unsigned {
   none = 0,         ///< one record
@@ -41,9 +45,24 @@ public:
   /// Whether a definition is entered for each of its references.
   bool revisit = false;
 
+  /// One for each level that a visitor goes down. References to instances can nest levels without end where no file is
+  /// deep by itself; a visitor that is this deep goes no further.
+  class Level {
+  public:
+    explicit Level(RecordVisitor& visitor) : visitor_(visitor) { ++visitor_.depth_; }
+    Level(const Level&) = delete;
+    Level& operator=(const Level&) = delete;
+    ~Level() { --visitor_.depth_; }
+    bool tooDeep() const { return visitor_.depth_ > 2 * deepestLevel; }
+
+  private:
+    RecordVisitor& visitor_;
+  };
+
 private:
   /// Definitions that are being walked just now: one that leads back to itself isn't entered again.
   std::set<const InstanceDefinitionRecord*> entered_;
+  int depth_ = 0;
 };
 
 } // namespace fltapi

@@ -3,6 +3,7 @@
 #include "core/Shell.h"
 #include "script/Call.h"
 #include "script/ScriptRun.h"
+#include "script/bindings/HierarchyBindings.h"
 #include "script/bindings/ModelBindings.h"
 #include "script/bindings/SelectionBindings.h"
 #include "script/bindings/ServiceBindings.h"
@@ -28,7 +29,7 @@ std::map<std::string_view, Entry> makeEntries()
   for (const auto& function : ApiReference::functions())
     if (function.aliasOf.empty()) entries[function.name] = {&function, nullptr};
   for (const auto family : {bindings::modelBindings(), bindings::selectionBindings(), bindings::traverseBindings(),
-                            bindings::serviceBindings()}) {
+                            bindings::hierarchyBindings(), bindings::serviceBindings()}) {
     for (const auto& binding : family) {
       const auto found = entries.find(binding.name);
       if (found == entries.end()) std::abort(); // a binding of a function that the reference doesn't have

@@ -6,12 +6,15 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <unistd.h>
 
 namespace fs = std::filesystem;
 
 namespace nalt::tests {
 
-TempFolder::TempFolder() : path_((fs::temp_directory_path() / "nalt-test-XXXXXX").string())
+TempFolder::TempFolder() : TempFolder(fs::temp_directory_path().string()) {}
+
+TempFolder::TempFolder(const std::string& parent) : path_(parent + "/nalt-test-XXXXXX")
 {
   if (!mkdtemp(path_.data())) ADD_FAILURE() << "no temporary folder like " << path_;
 }
@@ -24,6 +27,12 @@ TempFolder::~TempFolder()
     if (entry.is_directory(ignored) && !entry.is_symlink(ignored))
       fs::permissions(entry, fs::perms::owner_all, fs::perm_options::add, ignored);
   fs::remove_all(path_, ignored);
+}
+
+std::string memoryFolder()
+{
+  const std::string shared = "/dev/shm";
+  return access(shared.c_str(), W_OK) == 0 ? shared : fs::temp_directory_path().string();
 }
 
 void writeFile(const std::string& path, const std::string& content)

@@ -8,6 +8,8 @@ namespace nalt::tests {
 class TempFolder {
 public:
   TempFolder();
+  /// Below another folder than the system's for temporary files.
+  explicit TempFolder(const std::string& parent);
   ~TempFolder();
   TempFolder(const TempFolder&) = delete;
   TempFolder& operator=(const TempFolder&) = delete;
@@ -19,6 +21,10 @@ public:
 private:
   std::string path_;
 };
+
+/// Where files lie in memory, for tests that save by the thousand: waiting for a disk would take most of their time.
+/// The system's folder for temporary files where there is no such place.
+std::string memoryFolder();
 
 /// Writes a whole file (its folder must exist), or fails the test.
 void writeFile(const std::string& path, const std::string& content);

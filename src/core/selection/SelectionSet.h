@@ -96,6 +96,7 @@ public:
   /// Centre of the box around the selection in the coordinates of the whole model; none for an empty selection. Worked
   /// out when it is asked for.
   std::optional<osg::Vec3d> pivot() const;
+  const PivotState& pivotState() const { return pivot_; }
   void setPivot(const std::optional<osg::Vec3d>& pivot);
 
   /// Another record stands in the place of one that may be selected.

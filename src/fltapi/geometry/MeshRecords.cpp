@@ -52,6 +52,17 @@ bool MeshRecord::writeChildren(Output& output) const
   return output.writeBare(opcodes::popLevel);
 }
 
+void MeshRecord::swapContent(std::byte* content, const SwapScope& scope) const
+{
+  swapFields(fields, content, scope);
+  readReservedShader(content, fields.shader, scope);
+}
+
+void MeshRecord::prepareForFile(std::byte* content, const Output& output) const
+{
+  writeReservedShader(content, fields.shader, output.version());
+}
+
 // ---- LocalVertexPoolRecord -----------------------------------------------------------------------------------------
 
 const std::vector<LocalVertexPoolRecord::Slot>& LocalVertexPoolRecord::slots()
@@ -95,10 +106,9 @@ std::size_t LocalVertexPoolRecord::offsetOf(int vertex, std::uint32_t attribute)
 
 void LocalVertexPoolRecord::swapContent(std::byte* content, const SwapScope& scope) const
 {
-  if (scope.length < contentStart) return;
   const auto mask = wordOf(content, fields.attributeMask, scope);
   swapFields(fields, content, scope);
-  const auto one = stride(mask);
+  const auto one = scope.length > contentStart ? stride(mask) : 0;
   if (one == 0) return;
   for (auto at = contentStart; at + one <= scope.length; at += one) {
     auto* p = content + at;
@@ -131,10 +141,10 @@ std::vector<std::uint32_t> MeshPrimitiveRecord::indices() const
 
 void MeshPrimitiveRecord::swapContent(std::byte* content, const SwapScope& scope) const
 {
-  if (scope.length < contentStart) return;
   const auto width = static_cast<std::uint16_t>(wordOf(content, fields.indexSize, scope));
   swapFields(fields, content, scope);
-  if (width == 2 || width == 4) swapRun(content + contentStart, width, (scope.length - contentStart) / width);
+  if (scope.length > contentStart && (width == 2 || width == 4))
+    swapRun(content + contentStart, width, (scope.length - contentStart) / width);
 }
 
 void MorphVertexListRecord::swapContent(std::byte* content, const SwapScope& scope) const

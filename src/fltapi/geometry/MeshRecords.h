@@ -15,6 +15,8 @@ class MeshRecord : public RecordOf<MeshRecord, PrimNodeRecord, opcodes::mesh, Me
 public:
   using RecordOf::RecordOf;
   bool read(RecordReader& reader) override;
+  void swapContent(std::byte* content, const SwapScope& scope) const override;
+  void prepareForFile(std::byte* content, const Output& output) const override;
 
 protected:
   bool writeChildren(Output& output) const override;

@@ -32,6 +32,8 @@ public:
   bool replaceVertex(const Record* oldVertex, Record* newVertex);
   /// The last corner becomes the first.
   void reverse();
+  /// Puts a whole list in the place of the old one; texture coordinates of further layers stay as they are.
+  void setVertices(Vertices vertices) { vertices_ = std::move(vertices); }
   void reserve(std::size_t count) { vertices_.reserve(count); }
 
   /// Calls `functor(vertex)` for each vertex in order until one call gives false.

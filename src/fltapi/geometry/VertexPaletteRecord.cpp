@@ -21,9 +21,7 @@ void VertexPaletteRecord::clear()
 
 bool VertexPaletteRecord::write(Output& output) const
 {
-  if (!output.write(*this)) return false;
-  return std::ranges::all_of(output.palette().entries(),
-                             [&](const auto& entry) { return output.write(*entry.vertex); });
+  return output.write(*this) && output.writeVerticesOnce();
 }
 
 void VertexPaletteRecord::prepareForFile(std::byte* content, const Output& output) const

@@ -20,7 +20,7 @@ public:
   /// Takes the vertices that a load left beside the palette out of the tree.
   void clear();
 
-  /// The palette and all vertices of the output.
+  /// The palette and all vertices of the output; those stand behind the first palette only.
   bool write(Output& output) const override;
   void prepareForFile(std::byte* content, const Output& output) const override;
 };

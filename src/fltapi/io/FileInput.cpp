@@ -14,12 +14,8 @@ namespace {
 
 constexpr std::size_t blockSize = std::size_t{1} << 20;
 
-/// How much memory short records may take beyond what the file holds: enough for every honest old file, and a bound for
-/// one that is made of nothing but heads of records with a long default content.
-std::uint64_t wideningLimit(std::uint64_t fileSize)
-{
-  return (std::uint64_t{64} << 20) + 8 * fileSize;
-}
+/// About what a record object takes beside its buffer.
+constexpr std::uint64_t objectSize = 128;
 
 bool isVertex(int opcode)
 {
@@ -107,8 +103,8 @@ Input::RawRecord FileInput::allocate(const Head& head)
     return {};
   }
   const auto size = std::max<std::size_t>(head.length, opcodeLength(head.opcode));
-  widened_ += size - head.length;
-  if (widened_ > wideningLimit(fileSize_)) {
+  if (size > head.length) widened_ += size - head.length + objectSize;
+  if (widened_ > wideningAllowance(fileSize_)) {
     setDamage("too many records are shorter than their kind");
     endOfFile_ = true;
     return {};

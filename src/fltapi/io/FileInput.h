@@ -47,7 +47,7 @@ private:
   bool endOfFile_ = true;
   std::uint64_t recordStart_ = 0;
   std::uint64_t fileSize_ = 0;
-  std::uint64_t widened_ = 0; ///< bytes that buffers are longer than what the file held
+  std::uint64_t widened_ = 0; ///< memory that records shorter than their kind took beyond what the file held
   std::vector<std::byte> block_;
   std::size_t cursor_ = 0;
   std::uint64_t blockStart_ = 0;

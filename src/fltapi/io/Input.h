@@ -7,6 +7,13 @@
 
 namespace fltapi {
 
+/// How much memory records may take beyond what a stream of `bytes` holds, because they are shorter than their kind is
+/// now: plenty for every honest old file, and a bound for one that is made of nothing but heads.
+constexpr std::uint64_t wideningAllowance(std::uint64_t bytes)
+{
+  return (std::uint64_t{1} << 20) + 4 * bytes;
+}
+
 /// A stream of raw records. The content of what it gives is in file order; opcode and length are in host order.
 class Input {
 public:

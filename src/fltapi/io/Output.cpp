@@ -3,10 +3,13 @@
 #include "fltapi/FltFile.h"
 #include "fltapi/OpcodeTable.h"
 #include "fltapi/Opcodes.h"
+#include "fltapi/geometry/VertexRecords.h"
 #include "fltapi/nodes/InstanceRecords.h"
+#include "fltapi/palettes/LightPointPaletteRecords.h"
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace fltapi {
 
@@ -21,6 +24,16 @@ constexpr std::size_t firstPieceLength = 65528;
 constexpr std::size_t laterPieceContent = 65528;
 
 } // namespace
+
+Output::Output(const FltFile& file, int version) : file_(file), version_(version), palette_(version) {}
+
+Output::~Output() = default;
+
+const LightPointPalettes& Output::lightPointPalettes()
+{
+  if (!lightPointPalettes_) lightPointPalettes_ = std::make_unique<LightPointPalettes>(file_);
+  return *lightPointPalettes_;
+}
 
 bool Output::putPiece(int opcode, const std::byte* content, std::size_t count)
 {
@@ -68,12 +81,28 @@ bool Output::write(const Record& record)
   return true;
 }
 
+bool Output::writeDefinition(int number)
+{
+  const auto range = file_.instanceDefinitions().equal_range(number);
+  return std::all_of(range.first, range.second, [&](const auto& entry) { return entry.second->write(*this); });
+}
+
 bool Output::writeDefinitionOnce(int number)
 {
   // Noted first: a definition may hold a reference to itself.
-  if (!writtenDefinitions_.insert(number).second) return true;
-  const auto range = file_.instanceDefinitions().equal_range(number);
-  return std::all_of(range.first, range.second, [&](const auto& entry) { return entry.second->write(*this); });
+  return !writtenDefinitions_.insert(number).second || writeDefinition(number);
+}
+
+bool Output::writeDefinitions(const std::vector<int>& numbers)
+{
+  writtenDefinitions_.insert(numbers.begin(), numbers.end());
+  return std::ranges::all_of(numbers, [this](int number) { return writeDefinition(number); });
+}
+
+bool Output::writeVerticesOnce()
+{
+  if (std::exchange(verticesWritten_, true)) return true;
+  return std::ranges::all_of(palette_.entries(), [this](const auto& entry) { return write(*entry.vertex); });
 }
 
 } // namespace fltapi

@@ -1,6 +1,7 @@
 #include "fltapi/io/RecordReader.h"
 
 #include "fltapi/FltFile.h"
+#include "fltapi/OpcodeTable.h"
 #include "fltapi/Opcodes.h"
 
 namespace fltapi {
@@ -10,10 +11,12 @@ osg::ref_ptr<Record> RecordReader::readOne()
   auto raw = input_.readRecord();
   if (!raw) return nullptr;
   osg::ref_ptr<Record> record = file_.createRecord(std::move(raw.buffer));
-  // The header says itself of what version it is.
-  if (record->opcode() == opcodes::header && input_.version() == 0) {
+  // The header says itself of what version it is, unless it ends before.
+  if (record->opcode() == opcodes::header && !std::exchange(versionKnown_, true)) {
     constexpr std::size_t formatRevision = 12;
-    input_.setVersion(static_cast<std::int32_t>(bigEndian32(record->data() + formatRevision)));
+    const bool saysIt = raw.length >= formatRevision + 4;
+    input_.setVersion(saysIt ? static_cast<std::int32_t>(bigEndian32(record->data() + formatRevision))
+                             : currentVersion);
   }
   record->takeFromFile({.fromFile = true, .version = input_.version(), .length = raw.length});
   lastLength_ = raw.length;
@@ -72,12 +75,11 @@ bool RecordReader::streamIsSound()
               ".");
 }
 
-bool RecordReader::allowWidening(std::uint64_t bytes)
+bool RecordReader::mayWiden(std::uint64_t bytes)
 {
+  if (widened_ + bytes > wideningAllowance(totalLength_)) return false;
   widened_ += bytes;
-  constexpr std::uint64_t alwaysAllowed = std::uint64_t{64} << 20;
-  if (widened_ <= alwaysAllowed + 8 * totalLength_) return true;
-  return fail("The file is damaged: its switches need far more room than it holds.");
+  return true;
 }
 
 } // namespace fltapi

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "fltapi/Record.h"
+#include "fltapi/RecordVisitor.h"
 #include "fltapi/io/Input.h"
 
 namespace fltapi {
@@ -29,22 +30,21 @@ public:
   /// False, with the failure set, when the stream turned out to be damaged.
   bool streamIsSound();
 
-  /// One for each level of nodes; more of them than any model needs would exhaust the stack of whoever walks the tree.
+  /// One for each level of nodes.
   class Level {
   public:
     explicit Level(RecordReader& reader) : reader_(reader) { ++reader_.depth_; }
     Level(const Level&) = delete;
     Level& operator=(const Level&) = delete;
     ~Level() { --reader_.depth_; }
-    bool tooDeep() const { return reader_.depth_ > deepest; }
+    bool tooDeep() const { return reader_.depth_ > deepestLevel; }
 
   private:
-    static constexpr int deepest = 1000;
     RecordReader& reader_;
   };
 
   /// Whether `bytes` more memory may be used for what records are widened by. The limit grows with the file.
-  bool allowWidening(std::uint64_t bytes);
+  bool mayWiden(std::uint64_t bytes);
 
 private:
   osg::ref_ptr<Record> readOne();
@@ -58,6 +58,7 @@ private:
   std::size_t lastLength_ = 0;
   std::uint64_t totalLength_ = 0;
   std::uint64_t widened_ = 0;
+  bool versionKnown_ = false;
   int depth_ = 0;
 };
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <utility>
 #include <vector>
 
 namespace fltapi {
@@ -10,12 +11,10 @@ namespace fltapi {
 /// length.
 class VertexOffsetMap {
 public:
-  /// The palette record itself; offsets count from its start.
+  /// The palette record itself; offsets count from its start. Of several palettes the first one counts.
   void startPalette(std::uint64_t position)
   {
-    start_ = position;
-    growth_ = 0;
-    entries_.clear();
+    if (!std::exchange(started_, true)) start_ = position;
   }
   /// The next vertex of the palette, `grownBy` bytes shorter in the file than in memory.
   void addVertex(std::uint64_t position, std::uint32_t grownBy);
@@ -32,6 +31,7 @@ private:
   std::vector<Entry> entries_; ///< ascending, since files are read from front to back
   std::uint64_t start_ = 0;
   std::uint32_t growth_ = 0;
+  bool started_ = false;
 };
 
 } // namespace fltapi

@@ -1,6 +1,28 @@
 #include "fltapi/nodes/FaceRecord.h"
 
+#include "fltapi/io/Output.h"
+
 namespace fltapi {
+
+namespace {
+
+constexpr int firstVersionWithShaders = 1600;
+constexpr std::int16_t noShader = -1;
+
+} // namespace
+
+void readReservedShader(std::byte* content, const Field<std::int16_t>& shader, const SwapScope& scope)
+{
+  auto* index = content + shader.offset();
+  const bool reserved = scope.fromFile && scope.version < firstVersionWithShaders;
+  if (reserved && loadAt<std::int16_t>(index) == 0) storeAt(index, noShader);
+}
+
+void writeReservedShader(std::byte* content, const Field<std::int16_t>& shader, int version)
+{
+  auto* index = content + shader.offset();
+  if (version < firstVersionWithShaders && loadAt<std::int16_t>(index) == noShader) storeAt(index, std::int16_t{0});
+}
 
 int FaceRecord::vertexCount() const
 {
@@ -43,12 +65,19 @@ osg::Vec3d FaceRecord::normal() const
   return sum;
 }
 
-void FaceRecord::prepareForFile(std::byte* content, const Output&) const
+void FaceRecord::swapContent(std::byte* content, const SwapScope& scope) const
+{
+  swapFieldsUnrolled<fields>(content, scope);
+  readReservedShader(content, fields.shader, scope);
+}
+
+void FaceRecord::prepareForFile(std::byte* content, const Output& output) const
 {
   auto* drawType = content + fields.drawType.offset();
   const auto value = std::to_integer<int>(*drawType);
   const bool known = value <= outline || (value >= omnidirectionalLight && value <= bidirectionalLight);
   if (!known) *drawType = std::byte{solidCulled};
+  writeReservedShader(content, fields.shader, output.version());
 }
 
 } // namespace fltapi

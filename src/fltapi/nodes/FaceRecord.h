@@ -33,8 +33,12 @@ struct FaceFields : NodeFields {
   Field<std::int16_t> textureMapping{*this, at(64), "texture mapping index", all(-1), 1421};
   Field<std::uint32_t> colorIndex{*this, at(68), "primary color index", {}, 1421};
   Field<std::uint32_t> alternateColorIndex{*this, at(72), "alternate color index", {}, 1421};
-  Field<std::int16_t> shader{*this, at(78), "shader index", all(-1), 1600};
+  Field<std::int16_t> shader{*this, at(78), "shader index", all(-1)};
 };
+
+/// Before 16.0 the place of the shader index is reserved: a zero there means that there is no shader.
+void readReservedShader(std::byte* content, const Field<std::int16_t>& shader, const SwapScope& scope);
+void writeReservedShader(std::byte* content, const Field<std::int16_t>& shader, int version);
 
 /// A polygon. Its corners stand in its vertex list.
 class FaceRecord : public RecordOf<FaceRecord, PrimNodeRecord, opcodes::face, FaceFields> {
@@ -77,6 +81,7 @@ public:
 
   bool holdsSubfaces() const override { return true; }
   bool read(RecordReader& reader) override { return readBody(reader) && readSubfaces(reader); }
+  void swapContent(std::byte* content, const SwapScope& scope) const override;
   /// A draw type that no reader knows goes out as 0.
   void prepareForFile(std::byte* content, const Output& output) const override;
 };

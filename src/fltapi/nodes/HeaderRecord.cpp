@@ -2,6 +2,7 @@
 
 #include "fltapi/FltFile.h"
 #include "fltapi/geometry/VertexPaletteRecord.h"
+#include "fltapi/io/DefinitionOrder.h"
 #include "fltapi/io/Output.h"
 
 #include <algorithm>
@@ -10,6 +11,8 @@ namespace fltapi {
 
 bool HeaderRecord::write(Output& output) const
 {
+  // One that a file has inside a level is a node like others.
+  if (this != output.file().header()) return PrimNodeRecord::write(output);
   if (!output.write(*this) || !writeAncillaries(output)) return false;
   if (!findsPalette()) {
     const osg::ref_ptr<VertexPaletteRecord> palette = new VertexPaletteRecord(defaultBuffer(opcodes::vertexPalette));
@@ -26,9 +29,11 @@ bool HeaderRecord::findsPalette() const
 
 bool HeaderRecord::writeChildren(Output& output) const
 {
+  if (this != output.file().header()) return PrimNodeRecord::writeChildren(output);
   const auto& definitions = output.file().instanceDefinitions();
   if (primaryChildCount() == 0 && definitions.empty()) return true;
   if (!output.writeBare(opcodes::pushLevel)) return false;
+  if (!output.writeDefinitions(definitionsToWriteFirst(output.file()))) return false;
   for (const auto* child : primaryChildren()) {
     if (!child->write(output)) return false;
   }

@@ -51,7 +51,8 @@ struct HeaderFields : NodeFields {
   Field<double> deltaZ{*this, 284, "delta z", {}, 1570};
   Field<double> radius{*this, 292, "radius", {}, 1570};
   Field<std::uint16_t> nextMesh{*this, 300, "next mesh number", {}, 1570};
-  Field<std::uint16_t> nextLightPointSystem{*this, 302, "next light point system number", {}, 1580};
+  // New in 15.8, but the headers that are written for 15.7 reach over it.
+  Field<std::uint16_t> nextLightPointSystem{*this, 302, "next light point system number", {}, 1570};
   Field<double> earthMajorAxis{*this, 308, "earth major axis", {}, 1580};
   Field<double> earthMinorAxis{*this, 316, "earth minor axis", {}, 1580};
 };

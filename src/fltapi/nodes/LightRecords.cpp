@@ -1,8 +1,6 @@
 #include "fltapi/nodes/LightRecords.h"
 
-#include "fltapi/FltFile.h"
 #include "fltapi/io/Output.h"
-#include "fltapi/nodes/HeaderRecord.h"
 #include "fltapi/palettes/LightPointPaletteRecords.h"
 
 #include <array>
@@ -47,22 +45,9 @@ std::uint32_t translated(std::uint32_t paletteFlags, std::span<const FlagPlace> 
   return flags;
 }
 
-/// Looked for without the caches of the tree: a file is written while others may look at it.
-template <class Entry>
-const Entry* entryWithIndex(const FltFile* file, int index)
-{
-  if (!file || !file->header() || index < 0) return nullptr;
-  for (const auto* child : file->header()->children()) {
-    if (child->opcode() != Entry::code) continue;
-    const auto* entry = static_cast<const Entry*>(child);
-    if (entry->get(Entry::fields.index) == index) return entry;
-  }
-  return nullptr;
-}
-
 } // namespace
 
-osg::ref_ptr<LightPointRecord> IndexedLightPointRecord::toLightPoint() const
+osg::ref_ptr<LightPointRecord> IndexedLightPointRecord::toLightPoint(const LightPointPalettes& palettes) const
 {
   using Appearance = LightPointAppearancePaletteRecord;
   using Animation = LightPointAnimationPaletteRecord;
@@ -73,14 +58,15 @@ osg::ref_ptr<LightPointRecord> IndexedLightPointRecord::toLightPoint() const
   point->set(to.drawOrder, static_cast<std::int32_t>(get(fields.drawOrder)));
 
   std::uint32_t flags = point->get(to.flags);
-  if (const auto* appearance = entryWithIndex<Appearance>(file(), get(fields.appearance))) {
+  if (const auto* appearance = palettes.appearance(get(fields.appearance))) {
     const auto& from = Appearance::fields;
     std::memcpy(point->data() + to.appearance.surfaceMaterialCode.offset(),
                 appearance->data() + from.appearance.surfaceMaterialCode.offset(), lightAppearanceSize);
+    point->set(to.appearance.fogIntensity, 0.0f); // reserved there
     point->set(to.significance, appearance->get(from.significance));
     flags = translated(appearance->get(from.flags), appearanceFlags);
   }
-  if (const auto* animation = entryWithIndex<Animation>(file(), get(fields.animation))) {
+  if (const auto* animation = palettes.animation(get(fields.animation))) {
     const auto& from = Animation::fields;
     point->set(to.animationPeriod, animation->get(from.period));
     point->set(to.animationPhaseDelay, animation->get(from.phaseDelay));
@@ -95,7 +81,7 @@ osg::ref_ptr<LightPointRecord> IndexedLightPointRecord::toLightPoint() const
 bool IndexedLightPointRecord::write(Output& output) const
 {
   if (output.version() >= 1580) return PrimNodeRecord::write(output);
-  return output.write(*toLightPoint()) && writeAncillaries(output) && writeChildren(output);
+  return output.write(*toLightPoint(output.lightPointPalettes())) && writeAncillaries(output) && writeChildren(output);
 }
 
 } // namespace fltapi

@@ -6,6 +6,8 @@
 
 namespace fltapi {
 
+class LightPointPalettes;
+
 /// What a light point and an entry of the appearance palette have in common, in one order at two places.
 struct LightAppearanceFields {
   Field<std::int16_t> surfaceMaterialCode;
@@ -110,7 +112,7 @@ public:
   std::size_t size(int version) const override { return version < 1580 ? 0 : 28; }
   bool write(Output& output) const override;
   /// A light point of the same name that looks the same, without children, belonging to the same file.
-  osg::ref_ptr<LightPointRecord> toLightPoint() const;
+  osg::ref_ptr<LightPointRecord> toLightPoint(const LightPointPalettes& palettes) const;
 };
 
 struct LightPointSystemFields : NodeFields {

@@ -36,6 +36,22 @@ public:
   /// Makes the buffer hold exactly these masks for `childCount` children; bits that a mask lacks are set.
   bool setMasks(const std::vector<Mask>& masks, int childCount);
 
+  /// For a block in which children come in whose bits are there already. Null does nothing.
+  class MasksStay {
+  public:
+    explicit MasksStay(SwitchRecord* record) : record_(record) { set(true); }
+    MasksStay(const MasksStay&) = delete;
+    MasksStay& operator=(const MasksStay&) = delete;
+    ~MasksStay() { set(false); }
+
+  private:
+    void set(bool stay)
+    {
+      if (record_) record_->masksStay_ = stay;
+    }
+    SwitchRecord* record_;
+  };
+
   bool read(RecordReader& reader) override;
   void swapContent(std::byte* content, const SwapScope& scope) const override;
 
@@ -47,10 +63,12 @@ protected:
 
 private:
   std::size_t wordOffset(int mask, int child) const;
-  /// The masks cut to `childCount` bits, filled up with ones.
-  std::vector<Mask> masksFor(int childCount) const;
+  /// Gives the buffer room for that many masks of that many words. Bits keep their places; new ones are set.
+  bool layOut(int maskTotal, int words);
+  template <class Change>
+  void changeMasks(Change&& change);
 
-  bool reading_ = false;
+  bool masksStay_ = false;
 };
 
 } // namespace fltapi

@@ -2,6 +2,8 @@
 
 #include "fltapi/nodes/LightRecords.h"
 
+#include <map>
+
 namespace fltapi {
 
 struct LightPointAppearanceFields : FieldTable {
@@ -63,6 +65,20 @@ public:
     return true;
   }
   void swapContent(std::byte* content, const SwapScope& scope) const override;
+};
+
+/// The two light point palettes of a file by index. Of several entries with one index the first counts.
+class LightPointPalettes {
+public:
+  explicit LightPointPalettes(const FltFile& file);
+
+  /// Null when there is no such entry.
+  const LightPointAppearancePaletteRecord* appearance(int index) const;
+  const LightPointAnimationPaletteRecord* animation(int index) const;
+
+private:
+  std::map<int, const LightPointAppearancePaletteRecord*> appearances_;
+  std::map<int, const LightPointAnimationPaletteRecord*> animations_;
 };
 
 } // namespace fltapi

@@ -4,7 +4,6 @@ namespace fltapi {
 
 void ShaderPaletteRecord::swapContent(std::byte* content, const SwapScope& scope) const
 {
-  if (scope.length < fields.type.end()) return;
   const auto word = loadAt<std::uint32_t>(content + fields.type.offset());
   const auto type = static_cast<std::int32_t>(scope.fromFile ? __builtin_bswap32(word) : word);
   swapFields(fields, content, scope);

@@ -28,8 +28,11 @@ bool holds(std::span<TransformRecord* const> steps, int opcode)
   return std::ranges::any_of(steps, [&](const auto* step) { return step->opcode() == opcode; });
 }
 
+/// Longer chains don't come from a modeller.
+constexpr std::size_t longestChain = 1000;
+
 /// The steps leave the node and come back behind the matrix in the order given.
-void reinstate(PrimNodeRecord& node, MatrixRecord& matrix, const std::vector<TransformRecord*>& steps)
+void reinstate(PrimNodeRecord& node, Record& matrix, const std::vector<TransformRecord*>& steps)
 {
   const std::vector<osg::ref_ptr<Record>> held(steps.begin(), steps.end());
   node.removeChildren(held);
@@ -41,20 +44,12 @@ void reinstate(PrimNodeRecord& node, MatrixRecord& matrix, const std::vector<Tra
   node.file()->noteRepair("At least one transformation was corrected.");
 }
 
-void repair(PrimNodeRecord& node, MatrixRecord& matrix)
+/// Whether steps that don't give the matrix are right all the same: some programs compute the rotation about an edge
+/// wrongly.
+bool trustedOverMatrix(std::span<TransformRecord* const> steps)
 {
-  auto steps = transformChain(node);
-  if (steps.empty()) return;
-  if (agree(composeTransforms(steps), matrix.matrix())) return;
-  std::reverse(steps.begin(), steps.end());
-  const auto reversed = composeTransforms(steps);
-  if (agree(reversed, matrix.matrix())) {
-    reinstate(node, matrix, steps);
-  } else if (holds(steps, opcodes::rotateAboutEdge) && !holds(steps, opcodes::rotateScaleToPoint) &&
-             !holds(steps, opcodes::putTransform)) {
-    matrix.setMatrix(reversed);
-    reinstate(node, matrix, steps);
-  }
+  return holds(steps, opcodes::rotateAboutEdge) && !holds(steps, opcodes::rotateScaleToPoint) &&
+         !holds(steps, opcodes::putTransform);
 }
 
 } // namespace
@@ -80,9 +75,27 @@ osg::Matrixd composeTransforms(std::span<TransformRecord* const> steps)
 
 void repairTransforms(PrimNodeRecord& node)
 {
-  if (!node.file()) return;
-  for (auto* record : node.findChildren(opcodes::matrix))
-    repair(node, static_cast<MatrixRecord&>(*record));
+  auto steps = transformChain(node);
+  if (!node.file() || steps.empty() || steps.size() > longestChain) return;
+  std::vector<TransformRecord*> backwards(steps.rbegin(), steps.rend());
+  auto product = composeTransforms(steps);
+  auto backwardsProduct = composeTransforms(backwards);
+
+  // Each matrix of the node sees the chain as the one before left it.
+  Record* turnedFor = nullptr;
+  for (auto* child : node.children()) {
+    if (child->opcode() != opcodes::matrix) continue;
+    auto& matrix = static_cast<MatrixRecord&>(*child);
+    if (agree(product, matrix.matrix())) continue;
+    if (!agree(backwardsProduct, matrix.matrix())) {
+      if (!trustedOverMatrix(steps)) continue;
+      matrix.setMatrix(backwardsProduct);
+    }
+    std::swap(steps, backwards);
+    std::swap(product, backwardsProduct);
+    turnedFor = &matrix;
+  }
+  if (turnedFor) reinstate(node, *turnedFor, steps);
 }
 
 } // namespace fltapi

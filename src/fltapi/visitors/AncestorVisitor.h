@@ -8,7 +8,7 @@ namespace fltapi {
 /// Finds out whether `target` is reached from where the visitor starts, instances included.
 class AncestorVisitor : public RecordVisitor {
 public:
-  explicit AncestorVisitor(const Record& target) : target_(&target) { revisit = true; }
+  explicit AncestorVisitor(const Record& target) : target_(&target) {}
 
   using RecordVisitor::apply;
   void apply(Record& record) override

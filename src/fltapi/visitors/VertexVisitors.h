@@ -1,45 +1,78 @@
 #pragma once
 
+#include "fltapi/FltFile.h"
 #include "fltapi/nodes/FaceRecord.h"
+#include "fltapi/nodes/InstanceRecords.h"
 
+#include <map>
 #include <set>
+#include <utility>
 
 namespace fltapi {
 
-/// Sums the positions of all vertices of the vertex lists that it meets.
-class CalculatePivotVisitor : public RecordVisitor {
+/// Sums vectors over everything that it meets. What an instance holds counts as often as it is shown, but is walked
+/// only once: instances of instances can show a million vertices with a handful of records.
+class SummingVisitor : public RecordVisitor {
 public:
-  CalculatePivotVisitor() { revisit = true; }
+  SummingVisitor() { revisit = true; }
 
   using RecordVisitor::apply;
+  void apply(InstanceReferenceRecord& reference) override
+  {
+    const auto* definition =
+        reference.file() ? reference.file()->instanceDefinition(reference.instanceNumber()) : nullptr;
+    if (!definition) return;
+    auto known = instances_.find(definition);
+    if (known == instances_.end()) {
+      const Total before = std::exchange(total_, {});
+      RecordVisitor::apply(reference);
+      known = instances_.emplace(definition, std::exchange(total_, before)).first;
+    }
+    add(known->second.sum, known->second.count);
+  }
+
+  const osg::Vec3d& sum() const { return total_.sum; }
+  /// How many vectors were summed. A double, since instances can show more than any integer counts.
+  double count() const { return total_.count; }
+  /// The zero vector when there was nothing.
+  osg::Vec3d mean() const { return total_.count > 0 ? total_.sum / total_.count : osg::Vec3d(); }
+
+protected:
+  void add(const osg::Vec3d& vector, double count = 1)
+  {
+    total_.sum += vector;
+    total_.count += count;
+  }
+
+private:
+  struct Total {
+    osg::Vec3d sum;
+    double count = 0;
+  };
+  Total total_;
+  std::map<const InstanceDefinitionRecord*, Total> instances_;
+};
+
+/// Sums the positions of all vertices of the vertex lists that it meets.
+class CalculatePivotVisitor : public SummingVisitor {
+public:
+  using SummingVisitor::apply;
   void apply(VertexListRecord& list) override
   {
     for (const auto& vertex : list.vertices())
-      sum += vertex->position();
-    count += list.vertexCount();
+      add(vertex->position());
   }
-  /// The origin when there were no vertices.
-  osg::Vec3d mean() const { return count ? sum / count : sum; }
-
-  osg::Vec3d sum;
-  int count = 0;
 };
 
 /// Sums the unit normals of all polygons that it meets.
-class CalculateAverageNormalVisitor : public RecordVisitor {
+class CalculateAverageNormalVisitor : public SummingVisitor {
 public:
-  CalculateAverageNormalVisitor() { revisit = true; }
-
-  using RecordVisitor::apply;
+  using SummingVisitor::apply;
   void apply(FaceRecord& face) override
   {
-    sum += face.normal();
-    ++count;
-    RecordVisitor::apply(face);
+    add(face.normal());
+    SummingVisitor::apply(face);
   }
-
-  osg::Vec3d sum;
-  int count = 0;
 };
 
 /// Transforms every vertex that it meets, each once. Normals turn with it and keep their unit length.

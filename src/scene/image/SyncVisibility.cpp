@@ -12,10 +12,24 @@ namespace {
 
 using namespace fltapi;
 
+/// Faces can say themselves that nobody sees them.
+bool isHidden(const PrimNodeRecord& record)
+{
+  const auto flagsOf = [&]<class FaceLike>(const FaceLike& face) { return face.get(FaceLike::fields.flags); };
+  switch (record.opcode()) {
+  case opcodes::face:
+    return flagsOf(static_cast<const FaceRecord&>(record)) & FaceRecord::hiddenFlag;
+  case opcodes::mesh:
+    return flagsOf(static_cast<const MeshRecord&>(record)) & FaceRecord::hiddenFlag;
+  default:
+    return false;
+  }
+}
+
 /// Polygons have no node that the scene's switch could turn off.
 void maskPolygons(FaceStore& faces, const PrimNodeRecord& record, bool shown)
 {
-  faces.setMask(record, shown ? ModUserData::nodeMaskOf(record) : 0);
+  faces.setMask(record, shown && !isHidden(record) ? ModUserData::nodeMaskOf(record) : 0);
   for (const auto* child : record.primaryChildren()) {
     if (child->holdsSubfaces()) maskPolygons(faces, *child, shown);
   }
@@ -40,6 +54,7 @@ const SwitchRecord* switchAbove(const PrimNodeRecord& record)
 
 void Sync::setNodeMask(const PrimNodeRecord& record, std::uint32_t mask)
 {
+  if (isHidden(record)) mask = 0;
   if (record.holdsSubfaces()) {
     const auto* above = switchAbove(record);
     const bool shown = !above || above->shows(above->primaryIndexOf(childOfNode(record)));

@@ -131,6 +131,18 @@ TEST_F(ViewportTest, ANewSceneKeepsTheView)
   EXPECT_TRUE(view->orthographic());
 }
 
+TEST_F(ViewportTest, EachOneDrawsWhatHasItsBit)
+{
+  Model two(0, 0, 800, 600);
+  two.createEmpty();
+  createViewports(two, 2);
+  auto* second = dynamic_cast<Viewport*>(two.viewports().at(1));
+  second->sceneView().setState(new osg::State);
+  second->sceneView().setViewport(0, 0, 800, 600);
+  second->sceneView().cull();
+  EXPECT_EQ(second->sceneView().getCullVisitor()->getTraversalMask(), 2U);
+}
+
 TEST_F(ViewportTest, StylesSwitchTheGroupsThatDraw)
 {
   EXPECT_NE(view->scene().polygons()->getNodeMask(), 0U);
@@ -258,6 +270,18 @@ TEST(ViewportLayout, PanelsCoverTheAreaWithoutOverlap)
     }
     EXPECT_EQ(pixels.size(), 31U * 21U);
     EXPECT_EQ(sum, 31U * 21U);
+  }
+}
+
+TEST_F(ViewportTest, PanelsKeepASizeThatCanBeTakenHoldOf)
+{
+  Model four(0, 0, 800, 600);
+  four.createEmpty();
+  createViewports(four, 4);
+  four.resize(0, 0, 60, 50);
+  for (VPBase* viewport : four.viewports()) {
+    EXPECT_GE(viewport->widget().w(), 15);
+    EXPECT_GE(viewport->widget().h(), 15);
   }
 }
 
