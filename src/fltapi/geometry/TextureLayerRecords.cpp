@@ -67,7 +67,7 @@ int UVListRecord::vertexCount() const
 
 std::size_t UVListRecord::offsetOf(int vertex, int layer) const
 {
-  if (layer < 1 || layer > lastLayer || !hasLayer(layer) || vertex < 0 || vertex >= vertexCount()) return 0;
+  if (!hasLayer(layer) || vertex < 0 || vertex >= vertexCount()) return 0;
   return entriesStart + static_cast<std::size_t>(vertex) * stride() +
          pairSize * static_cast<std::size_t>(rankOf(get(fields.mask), layer));
 }

@@ -49,7 +49,7 @@ class UVListRecord : public RecordOf<UVListRecord, AncillaryRecord, opcodes::uvL
 public:
   using RecordOf::RecordOf;
 
-  bool hasLayer(int layer) const { return get(fields.mask) & layerBit(layer); }
+  bool hasLayer(int layer) const { return layer >= 1 && layer <= lastLayer && get(fields.mask) & layerBit(layer); }
   /// (0, 0) for what isn't there.
   osg::Vec2f uv(int vertex, int layer) const;
   void setUV(int vertex, int layer, const osg::Vec2f& uv);
