@@ -115,7 +115,8 @@ const ApiFunction* ApiReference::find(std::string_view name)
 
 const ApiFunction& ApiReference::resolve(const ApiFunction& function)
 {
-  return function.aliasOf.empty() ? function : *find(function.aliasOf);
+  const auto* target = find(function.aliasOf);
+  return target ? *target : function;
 }
 
 std::string_view ApiReference::aliasFor(const ApiFunction& function)

@@ -4,6 +4,8 @@
 #include "fltapi/OpcodeTable.h"
 #include "fltapi/Opcodes.h"
 
+#include <algorithm>
+
 namespace fltapi {
 
 osg::ref_ptr<Record> RecordReader::readOne()
@@ -15,8 +17,8 @@ osg::ref_ptr<Record> RecordReader::readOne()
   if (record->opcode() == opcodes::header && !std::exchange(versionKnown_, true)) {
     constexpr std::size_t formatRevision = 12;
     const bool saysIt = raw.length >= formatRevision + 4;
-    input_.setVersion(saysIt ? static_cast<std::int32_t>(bigEndian32(record->data() + formatRevision))
-                             : currentVersion);
+    const auto version = static_cast<std::int32_t>(bigEndian32(record->data() + formatRevision));
+    input_.setVersion(saysIt ? std::max(0, version) : currentVersion);
   }
   record->takeFromFile({.fromFile = true, .version = input_.version(), .length = raw.length});
   lastLength_ = raw.length;

@@ -16,7 +16,7 @@ constexpr int firstVersionWithVertexAlpha = 1580;
 Colors::Colors(const fltapi::FltFile* file)
 {
   if (!file) {
-    OSG_WARN << "No FLT file found for retrieving color palette.\n";
+    OSG_WARN << "No FLT file found for retrieving color palette." << std::endl;
     return;
   }
   palette_ = file->colorPalette();

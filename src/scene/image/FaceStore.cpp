@@ -110,6 +110,8 @@ NaltGeode* FaceStore::addGeode(osg::Group& holder, FaceState& state)
 {
   const osg::ref_ptr<FaceGeometry> geometry = new FaceGeometry(state, *viewports_);
   geometry->setCullCallback(cullCallback_);
+  // A point has no size; it isn't left out for being small.
+  if (state.key().kind == DrawKind::points) geometry->setCullingActive(false);
   const osg::ref_ptr<NaltGeode> geode = new NaltGeode;
   geode->setStateSet(state.stateSetWithRoom());
   geode->addDrawable(geometry);

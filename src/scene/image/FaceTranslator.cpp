@@ -219,7 +219,7 @@ void FaceTranslator::describe(const FaceRecord& face, const FacePlace& place, co
 
   for (const auto& vertex : list->vertices()) {
     if (!fltapi::isVertexOpcode(fltapi::opcodeOf(*vertex))) {
-      OSG_WARN << "Failed to get Vertex op code.\n";
+      OSG_WARN << "Failed to get Vertex op code." << std::endl;
     }
     shape.positions.emplace_back(vertex->position());
     auto corner = byCorner ? colors.of(*vertex, osg::Vec4ub(color.r(), color.g(), color.b(), 255)) : color;

@@ -117,7 +117,7 @@ void addPrimitives(const MeshRecord& mesh, osg::Geometry& geometry, const osg::V
     const auto& primitive = static_cast<const MeshPrimitiveRecord&>(*child);
     const auto mode = modeOf(primitive.get(MeshPrimitiveRecord::fields.type));
     if (!mode) {
-      OSG_WARN << "Mesh: Unknown primitive type\n";
+      OSG_WARN << "Mesh: Unknown primitive type" << std::endl;
       continue;
     }
     const auto indices = primitive.indices();

@@ -25,11 +25,11 @@ void RemoveVisitor::removeNode(PrimNodeRecord& record)
   const auto top = node->top;
   UnassociateChildVisitor unassociate(sync_);
   record.accept(unassociate);
-  OSG_INFO << "After removing associations\n";
+  OSG_INFO << "After removing associations" << std::endl;
   const auto parents = top->getParents();
   for (auto* parent : parents)
     parent->removeChild(top);
-  OSG_INFO << "After removing node\n";
+  OSG_INFO << "After removing node" << std::endl;
 }
 
 void RemoveVisitor::removePolygon(PrimNodeRecord& record)

@@ -56,7 +56,7 @@ osg::ref_ptr<osg::Program> build(const ShaderPaletteRecord& entry)
 osg::Program* Shaders::find(const fltapi::FltFile* file, std::int16_t index)
 {
   if (!file) {
-    OSG_WARN << "No FLT file found for retrieving shader palette.\n";
+    OSG_WARN << "No FLT file found for retrieving shader palette." << std::endl;
     return nullptr;
   }
   for (const auto* record : file->palette(ShaderPaletteRecord::code)) {

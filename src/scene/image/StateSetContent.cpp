@@ -105,7 +105,7 @@ private:
   {
     if (key_.material < 0) return nullptr;
     if (!state_.file()) {
-      OSG_WARN << "No FLT file found for retrieving material palette.\n";
+      OSG_WARN << "No FLT file found for retrieving material palette." << std::endl;
       return nullptr;
     }
     return entryOf<MaterialPaletteRecord>(*state_.file(), MaterialPaletteRecord::fields.index, key_.material);

@@ -41,7 +41,7 @@ osg::ref_ptr<LoadedTexture> loadFrom(const std::string& path)
 LoadedTexture* Textures::find(const fltapi::FltFile* file, std::uint16_t index)
 {
   if (!file) {
-    OSG_WARN << "No FLT file found for retrieving texture palette.\n";
+    OSG_WARN << "No FLT file found for retrieving texture palette." << std::endl;
     return nullptr;
   }
   for (const auto* record : file->palette(TexturePaletteRecord::code)) {

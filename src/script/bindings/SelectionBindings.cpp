@@ -14,7 +14,8 @@ namespace {
 
 SelectionMode modeOf(const Call& call)
 {
-  return *selectionModeNamed(call.text("selectionMode")); // the reference lists no others
+  // The reference lists no others than those that have a mode.
+  return selectionModeNamed(call.text("selectionMode")).value_or(SelectionMode::unsupported);
 }
 
 int selectAll(Call& call)

@@ -29,10 +29,10 @@ protected:
   void step()
   {
     static const std::vector<void (EditWalk::*)()> edits = {
-        &EditWalk::addFace,     &EditWalk::addFace,   &EditWalk::addFace,  &EditWalk::addSubface, &EditWalk::addNode,
-        &EditWalk::moveVertex,  &EditWalk::addVertex, &EditWalk::setField, &EditWalk::setField,   &EditWalk::removeNode,
-        &EditWalk::toggleHide,  &EditWalk::setSwitch, &EditWalk::setLod,   &EditWalk::setMatrix,  &EditWalk::reparent,
-        &EditWalk::setReplicate};
+        &EditWalk::addFace,  &EditWalk::addFace,    &EditWalk::addFace,    &EditWalk::addSubface,
+        &EditWalk::addNode,  &EditWalk::moveVertex, &EditWalk::addVertex,  &EditWalk::setField,
+        &EditWalk::setField, &EditWalk::removeNode, &EditWalk::toggleHide, &EditWalk::setSwitch,
+        &EditWalk::setLod,   &EditWalk::setMatrix,  &EditWalk::reparent,   &EditWalk::setReplicate};
     (this->*edits[pick(edits.size())])();
   }
 
