@@ -21,6 +21,7 @@ constexpr unsigned forcedOff = Value::OFF | Value::OVERRIDE;
 constexpr unsigned hidden = 0;
 constexpr unsigned shown = ~0U;
 constexpr unsigned textureUnits = 8;
+constexpr unsigned noLayers = 0;
 
 // Later bins are drawn over earlier ones.
 constexpr int polygonBin = 0;
@@ -28,10 +29,11 @@ constexpr int lineBin = 21;
 constexpr int outerVertexBin = 30;
 constexpr int innerVertexBin = 31;
 
-void setTexturing(osg::StateSet& state, unsigned value)
+/// Leaves the texture units whose bits are set in `layers` to what is drawn, and keeps the others off.
+void setTexturing(osg::StateSet& state, unsigned layers)
 {
   for (unsigned unit = 0; unit < textureUnits; ++unit)
-    state.setTextureMode(unit, GL_TEXTURE_2D, value);
+    state.setTextureMode(unit, GL_TEXTURE_2D, (layers >> unit & 1U) != 0 ? on : forcedOff);
 }
 
 void forceNoProgram(osg::StateSet& state)
@@ -59,7 +61,7 @@ void setOverlayState(osg::StateSet& state, osg::PolygonMode::Mode mode, float of
   state.setAttributeAndModes(new osg::PolygonOffset(offset, offset), forcedOn);
   state.setMode(GL_LIGHTING, forcedOn);
   state.setMode(GL_BLEND, forcedOff);
-  setTexturing(state, forcedOff);
+  setTexturing(state, noLayers);
   forceNoProgram(state);
 }
 
@@ -115,7 +117,7 @@ void ViewScene::apply(const ViewStyle& style)
 
   osg::StateSet& polygons = *polygons_->getOrCreateStateSet();
   polygons.setMode(GL_LIGHTING, style.lighting ? on : forcedOff);
-  setTexturing(polygons, style.texture ? on : forcedOff);
+  setTexturing(polygons, style.texture ? style.textureLayers : noLayers);
   if (style.shader)
     polygons.removeAttribute(osg::StateAttribute::PROGRAM);
   else

@@ -5,6 +5,8 @@
 #include <osg/Group>
 #include <osg/Point>
 
+#include <cstdint>
+
 namespace nalt {
 
 enum class Appearance { scribed = 1, solid = 2, wireframe = 3 };
@@ -17,6 +19,7 @@ struct ViewStyle {
   bool texture = true;
   bool shader = true;
   bool largeVertices = false;
+  std::uint8_t textureLayers = 0xFF; ///< bit n: layer n is shown, as far as `texture` lets it
 };
 
 /// The scene of one viewport: the same model node under several groups, each of which draws it in its own way. The

@@ -101,7 +101,9 @@ void Viewport::bind(Model& model, std::uint32_t bit)
   traversalMask_ = bit;
   sceneView_->setCullMask(bit);
   setModelNode(model.sceneRoot());
-  redraw();
+  ViewStyle style = style_;
+  style.textureLayers = model.switches().textureLayers;
+  setStyle(style);
 }
 
 void Viewport::unbind()

@@ -158,6 +158,27 @@ TEST_F(ViewportTest, StylesSwitchTheGroupsThatDraw)
   EXPECT_NE(view->scene().lines()->getNodeMask(), 0U);
 }
 
+TEST_F(ViewportTest, TextureLayersCanBeLeftOut)
+{
+  const osg::StateSet* polygons = view->scene().polygons()->getStateSet();
+  const auto isForcedOff = [polygons](unsigned unit) {
+    return polygons->getTextureMode(unit, GL_TEXTURE_2D) ==
+           unsigned(osg::StateAttribute::OFF | osg::StateAttribute::OVERRIDE);
+  };
+  EXPECT_FALSE(isForcedOff(0));
+  DisplaySwitches switches;
+  switches.textureLayers = 0x81;
+  model->setSwitches(switches);
+  EXPECT_FALSE(isForcedOff(0));
+  EXPECT_TRUE(isForcedOff(1));
+  EXPECT_FALSE(isForcedOff(7));
+  ViewStyle style = view->style();
+  style.texture = false;
+  view->setStyle(style);
+  EXPECT_TRUE(isForcedOff(0));
+  EXPECT_TRUE(isForcedOff(7));
+}
+
 TEST_F(ViewportTest, BackfacesOfLinesAreShownOrForcedAway)
 {
   const osg::StateSet* lines = view->scene().lines()->getStateSet();
