@@ -33,6 +33,33 @@ unsigned layersOf(const Gui& gui)
   return model ? model->switches().textureLayers : DisplaySwitches().textureLayers;
 }
 
+Sync* syncOf(const Gui& gui)
+{
+  Model* model = gui.currentModel();
+  return model ? model->sync() : nullptr;
+}
+
+int lodStateOf(const Gui& gui)
+{
+  const Sync* sync = syncOf(gui);
+  return sync ? sync->lodState() : 0;
+}
+
+int lastLodState(const Gui& gui)
+{
+  const Sync* sync = syncOf(gui);
+  return sync ? sync->stateCount() - 1 : 0;
+}
+
+/// Does nothing for a state that the model doesn't have.
+void setLodState(const Gui& gui, int state)
+{
+  Sync* sync = syncOf(gui);
+  if (!sync || state < 0 || state >= sync->stateCount() || state == sync->lodState()) return;
+  sync->setLodState(state);
+  gui.currentModel()->bindViewports();
+}
+
 std::string nameOf(const char* verb, const CommandStack::Commands* commands)
 {
   return commands && !commands->empty() ? verb + (" " + commands->back()->name()) : verb;
@@ -115,6 +142,41 @@ void nextModel(Gui& gui)
 void previousModel(Gui& gui)
 {
   gui.nextModel(-1);
+}
+
+void moreDetail(Gui& gui)
+{
+  setLodState(gui, lodStateOf(gui) + 1);
+}
+
+void mostDetail(Gui& gui)
+{
+  setLodState(gui, lastLodState(gui));
+}
+
+void lessDetail(Gui& gui)
+{
+  setLodState(gui, lodStateOf(gui) - 1);
+}
+
+void leastDetail(Gui& gui)
+{
+  setLodState(gui, 0);
+}
+
+void toggleAllLods(Gui& gui)
+{
+  Model* model = gui.currentModel();
+  if (!model) return;
+  DisplaySwitches switches = model->switches();
+  switches.allLods = !switches.allLods;
+  model->setSwitches(switches);
+}
+
+bool showsAllLods(const Gui& gui)
+{
+  const Model* model = gui.currentModel();
+  return model && model->switches().allLods;
 }
 
 void enableAllLayers(Gui& gui)

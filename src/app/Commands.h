@@ -27,6 +27,13 @@ std::string redoName(const Gui& gui);
 
 void nextModel(Gui& gui);
 void previousModel(Gui& gui);
+// Levels of detail, from the farthest to the nearest.
+void moreDetail(Gui& gui);
+void mostDetail(Gui& gui);
+void lessDetail(Gui& gui);
+void leastDetail(Gui& gui);
+void toggleAllLods(Gui& gui);
+bool showsAllLods(const Gui& gui);
 void enableAllLayers(Gui& gui);
 void disableAllLayers(Gui& gui);
 void baseLayerOnly(Gui& gui);

@@ -200,6 +200,7 @@ void Model::redrawViewports()
 void Model::setSwitches(const DisplaySwitches& switches)
 {
   switches_ = switches;
+  if (sync_) sync_->setShowsAllLods(switches.allLods);
   bindViewports();
 }
 

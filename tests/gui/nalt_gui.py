@@ -205,7 +205,12 @@ class Session:
         """Enters `path` in the file dialog with that title."""
         window = self.window(title)
         xdotool("windowfocus", "--sync", window)
-        subprocess.run(["xclip", "-selection", "clipboard"], input=str(path), text=True, check=True)
+        clipboard = ["xclip", "-selection", "clipboard"]
+        owner = subprocess.Popen([*clipboard, "-quiet"], stdin=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
+        owner.stdin.write(str(path))
+        owner.stdin.close()
+        poll("the clipboard", lambda: subprocess.run([*clipboard, "-o"], capture_output=True, text=True,
+                                                     check=False).stdout == str(path))
         # The dialog fills its field when it has read the folder; what is typed before that is lost.
         def entered():
             xdotool("key", "ctrl+a", "ctrl+v")
@@ -214,6 +219,8 @@ class Session:
             time.sleep(0.2)
             return not self.windows(title)
         poll(f"the file dialog {title} to take {path}", entered)
+        owner.terminate()
+        owner.wait()
         self.focus_main()
 
     # ---- pictures -----------------------------------------------------------------------------------------------------

@@ -1,11 +1,16 @@
-// make_model FILE.flt [VERSION [COUNT]]: writes a cube of side 2 about the origin, red above and below, green in front
-// and behind, blue to both sides, for tests that need a model to look at. COUNT of them stand in a row along x.
+// make_model FILE.flt [--version NUMBER] [--count NUMBER] [--levels]: writes a model for tests that need one to look
+// at.
+//
+// A cube of side 2 about the origin, red above and below, green in front and behind, blue to both sides; a count of
+// them stands in a row along x. With levels the cubes are seen from up to 100 units, and beyond that one blue square.
 #include "fltapi/AllRecords.h"
 #include "fltapi/FltFile.h"
 
 #include <array>
 #include <cstdio>
 #include <cstdlib>
+#include <string>
+#include <string_view>
 
 namespace {
 
@@ -57,24 +62,56 @@ void addSide(FltFile& file, fltapi::PrimNodeRecord& parent, const Side& side, co
   }
 }
 
+void addCubes(FltFile& file, fltapi::PrimNodeRecord& parent, int count)
+{
+  auto* object = addNode<fltapi::ObjectRecord>(file, parent, "o1");
+  int number = 0;
+  for (int i = 0; i < count; ++i) {
+    for (const Side& side : sides)
+      addSide(file, *object, side, osg::Vec3d(3.0 * i, 0, 0), ++number);
+  }
+}
+
+fltapi::LodRecord& addLevel(FltFile& file, fltapi::PrimNodeRecord& parent, const char* name, double from, double to)
+{
+  auto* level = addNode<fltapi::LodRecord>(file, parent, name);
+  level->set(fltapi::LodRecord::fields.switchIn, to);
+  level->set(fltapi::LodRecord::fields.switchOut, from);
+  return *level;
+}
+
 } // namespace
 
 int main(int argc, char** argv)
 {
-  if (argc < 2) {
-    std::fputs("usage: make_model FILE.flt [VERSION [COUNT]]\n", stderr);
+  std::string path;
+  int version = fltapi::currentVersion;
+  int count = 1;
+  bool levels = false;
+  for (int i = 1; i < argc; ++i) {
+    const std::string_view argument = argv[i];
+    if (argument == "--version" && i + 1 < argc)
+      version = std::atoi(argv[++i]);
+    else if (argument == "--count" && i + 1 < argc)
+      count = std::atoi(argv[++i]);
+    else if (argument == "--levels")
+      levels = true;
+    else
+      path = argument;
+  }
+  if (path.empty()) {
+    std::fputs("usage: make_model FILE.flt [--version NUMBER] [--count NUMBER] [--levels]\n", stderr);
     return 2;
   }
   const osg::ref_ptr<FltFile> file = new FltFile;
   file->initNew();
   auto* group = addNode<fltapi::GroupRecord>(*file, *file->header(), "g1");
-  auto* object = addNode<fltapi::ObjectRecord>(*file, *group, "o1");
-  const int count = argc > 3 ? std::atoi(argv[3]) : 1;
-  int number = 0;
-  for (int i = 0; i < count; ++i) {
-    for (const Side& side : sides)
-      addSide(*file, *object, side, osg::Vec3d(3.0 * i, 0, 0), ++number);
+  if (levels) {
+    addCubes(*file, addLevel(*file, *group, "l1", 0, 100), count);
+    auto* object = addNode<fltapi::ObjectRecord>(*file, addLevel(*file, *group, "l2", 100, 10000), "o2");
+    addSide(*file, *object, {sides[0].corners, blue}, osg::Vec3d(), 1000);
+  } else {
+    addCubes(*file, *group, count);
   }
-  const int version = argc > 2 ? std::atoi(argv[2]) : fltapi::currentVersion;
-  return file->save(argv[1], version) ? 0 : 1;
+  return file->save(path, version) ? 0 : 1;
 }
