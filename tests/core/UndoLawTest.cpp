@@ -198,7 +198,7 @@ INSTANTIATE_TEST_SUITE_P(Edits, UndoLaw, testing::Combine(testing::ValuesIn(edit
 
 // ---- random walks --------------------------------------------------------------------------------------------------
 
-/// Edits, undos and redos in an order that only the seed decides.
+/// Edits, undos and redos in an order that chance decides, the same in every run.
 class Walk {
 public:
   Walk(Model& model, unsigned seed) : model_(model), random_(seed) {}
