@@ -197,6 +197,17 @@ void Model::redrawViewports()
     viewport->widget().redraw();
 }
 
+Grid& Model::grid()
+{
+  Grid* const shown = activeViewport_ ? activeViewport_->grid() : nullptr;
+  return shown ? *shown : ownGrid_;
+}
+
+void Model::gridChanged()
+{
+  if (activeViewport_) activeViewport_->gridChanged();
+}
+
 void Model::setSwitches(const DisplaySwitches& switches)
 {
   switches_ = switches;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/CommandStack.h"
+#include "core/Grid.h"
 #include "core/PaletteIndices.h"
 #include "core/VPBase.h"
 #include "core/selection/SelectionSet.h"
@@ -79,6 +80,10 @@ public:
   void removeViewport(VPBase* viewport, bool destroy);
   void removeAllViewports(bool destroy);
   void redrawViewports();
+  /// That of the active viewport; without one the model's own, so that scripts need no window.
+  Grid& grid();
+  /// Shows the grid anew after a change of it.
+  void gridChanged();
 
   CommandStack& commandStack() { return commandStack_; }
   SelectionSet& selections() { return selections_; }
@@ -108,6 +113,7 @@ private:
   std::vector<VPBase*> viewports_;
   VPBase* activeViewport_ = nullptr;
   DisplaySwitches switches_;
+  Grid ownGrid_;
   osg::ref_ptr<fltapi::PrimNodeRecord> currentParent_;
   PaletteIndices paletteIndices_{*this};
   SelectionSet selections_{*this};

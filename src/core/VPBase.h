@@ -6,6 +6,7 @@ class Fl_Widget;
 
 namespace nalt {
 
+class Grid;
 class Model;
 
 /// What shows a model inside its tile: a viewport, a texture coordinate panel, the tree view. How the model speaks to
@@ -24,6 +25,10 @@ public:
   virtual void unbind() = 0;
   /// The active panel gets keyboard input and shows that it does.
   virtual void setActive(bool active) = 0;
+  /// Null for panels without a grid of their own.
+  virtual Grid* grid() { return nullptr; }
+  /// Shows the grid as it is now.
+  virtual void gridChanged() {}
 };
 
 } // namespace nalt
