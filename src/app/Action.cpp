@@ -45,6 +45,11 @@ bool viewport(const Gui& gui)
   return model(gui) && gui.currentModel()->activeViewport() != nullptr;
 }
 
+bool selection(const Gui& gui)
+{
+  return idleModel(gui) && !gui.currentModel()->selections().empty();
+}
+
 bool undoable(const Gui& gui)
 {
   return idleModel(gui) && !gui.currentModel()->commandStack().undoCommands().empty();

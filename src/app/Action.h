@@ -19,6 +19,7 @@ bool idleModel(const Gui& gui);     ///< a model is open and no file operation r
 bool revertable(const Gui& gui);    ///< the current model has a file to go back to
 bool severalModels(const Gui& gui); ///< at least two
 bool viewport(const Gui& gui);      ///< the current model has an active viewport
+bool selection(const Gui& gui);     ///< something is selected and no file operation runs
 bool undoable(const Gui& gui);
 bool redoable(const Gui& gui);
 bool recentFiles(const Gui& gui); ///< there are files to open again

@@ -3,6 +3,9 @@
 #include "app/AboutDialog.h"
 #include "app/Gui.h"
 #include "core/Model.h"
+#include "core/Preferences.h"
+#include "core/hierarchy/DeleteSelected.h"
+#include "core/selection/SelectOperations.h"
 #include "scene/view/Viewport.h"
 
 #include <FL/Fl.H>
@@ -58,6 +61,32 @@ void setLodState(const Gui& gui, int state)
   if (!sync || state < 0 || state >= sync->stateCount() || state == sync->lodState()) return;
   sync->setLodState(state);
   gui.currentModel()->bindViewports();
+}
+
+/// Says in the status line when a search found nothing, since then nothing else changes.
+void tellWhetherFound(Gui& gui, bool found, const std::string& what)
+{
+  gui.setStatusLine(found ? "" : "There are no " + what + " to select.");
+}
+
+SelectionMode modeOf(const Gui& gui)
+{
+  return static_cast<SelectionMode>(gui.selectionMode());
+}
+
+/// "vertices", "light point systems"
+std::string elementsOf(SelectionMode mode)
+{
+  switch (mode) {
+  case SelectionMode::vertex:
+    return "vertices";
+  case SelectionMode::switchNode:
+    return "switches";
+  case SelectionMode::lightPointSystem:
+    return "light point systems";
+  default:
+    return std::string(infoOf(mode).word) + "s";
+  }
 }
 
 std::string nameOf(const char* verb, const CommandStack::Commands* commands)
@@ -132,6 +161,57 @@ std::string redoName(const Gui& gui)
 {
   Model* model = gui.currentModel();
   return nameOf("Redo", model ? &model->commandStack().redoCommands() : nullptr);
+}
+
+void deleteSelected(Gui& gui)
+{
+  if (Model* model = gui.currentModel()) nalt::deleteSelected(*model, /*undoable=*/true);
+}
+
+void selectAll(Gui& gui)
+{
+  Model* model = gui.currentModel();
+  const SelectionMode mode = modeOf(gui);
+  if (model) tellWhetherFound(gui, nalt::selectAll(*model, mode, /*undoable=*/true), elementsOf(mode));
+}
+
+void selectNone(Gui& gui)
+{
+  if (Model* model = gui.currentModel()) nalt::selectNone(*model, /*undoable=*/true);
+}
+
+void invertSelection(Gui& gui)
+{
+  Model* model = gui.currentModel();
+  const SelectionMode mode = modeOf(gui);
+  if (model) tellWhetherFound(gui, nalt::invertSelection(*model, mode, /*undoable=*/true), "other " + elementsOf(mode));
+}
+
+void selectSlivers(Gui& gui)
+{
+  if (Model* model = gui.currentModel())
+    tellWhetherFound(gui, selectSliverPolygons(*model, /*undoable=*/true), "sliver polygons");
+}
+
+void selectNakedEdges(Gui& gui)
+{
+  if (Model* model = gui.currentModel())
+    tellWhetherFound(gui, nalt::selectNakedEdges(*model, /*undoable=*/true), "naked edges");
+}
+
+void selectParents(Gui& gui)
+{
+  if (Model* model = gui.currentModel()) nalt::selectParents(*model, /*undoable=*/true);
+}
+
+void selectChildren(Gui& gui)
+{
+  if (Model* model = gui.currentModel()) nalt::selectChildren(*model, /*undoable=*/true);
+}
+
+void selectPrevious(Gui& gui)
+{
+  if (Model* model = gui.currentModel()) nalt::selectPrevious(*model, /*undoable=*/true);
 }
 
 void nextModel(Gui& gui)
@@ -217,6 +297,27 @@ bool hasLargeVertices(const Gui& gui)
 {
   const Viewport* viewport = activeViewport(gui);
   return viewport && viewport->style().largeVertices;
+}
+
+void toggleGizmos(Gui& gui)
+{
+  Preferences::get().showGizmos = !Preferences::get().showGizmos;
+  gui.applySwitches();
+}
+
+bool showsGizmos(const Gui&)
+{
+  return Preferences::get().showGizmos;
+}
+
+void toggleSnapToGrid(Gui& gui)
+{
+  gui.setSnapsToGrid(!gui.snapsToGrid());
+}
+
+bool snapsToGrid(const Gui& gui)
+{
+  return gui.snapsToGrid();
 }
 
 void about(Gui&)

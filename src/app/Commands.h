@@ -25,6 +25,18 @@ void redo(Gui& gui);
 std::string undoName(const Gui& gui);
 std::string redoName(const Gui& gui);
 
+void deleteSelected(Gui& gui);
+
+// The selection, in the mode that is on.
+void selectAll(Gui& gui);
+void selectNone(Gui& gui);
+void invertSelection(Gui& gui);
+void selectSlivers(Gui& gui);
+void selectNakedEdges(Gui& gui);
+void selectParents(Gui& gui);
+void selectChildren(Gui& gui);
+void selectPrevious(Gui& gui);
+
 void nextModel(Gui& gui);
 void previousModel(Gui& gui);
 // Levels of detail, from the farthest to the nearest.
@@ -39,6 +51,10 @@ void disableAllLayers(Gui& gui);
 void baseLayerOnly(Gui& gui);
 void toggleLargeVertices(Gui& gui);
 bool hasLargeVertices(const Gui& gui);
+void toggleGizmos(Gui& gui);
+bool showsGizmos(const Gui& gui);
+void toggleSnapToGrid(Gui& gui);
+bool snapsToGrid(const Gui& gui);
 void about(Gui& gui);
 
 void setMode(Gui& gui, int number);

@@ -84,6 +84,7 @@ Model& Gui::addModel(std::unique_ptr<Model> owned, const std::vector<VPBase*>& v
 {
   Model& model = *owned;
   nameTab(model);
+  takeSwitches(model);
   Fl_Tabs& tabs = *GuiWidgets::get().tabs;
   tabs.add(owned.release());
   keepTabRow(tabs);
@@ -124,8 +125,10 @@ void Gui::setCurrentModel(Model& model)
 
 void Gui::showModel(Model* model)
 {
+  if (model != current_) toolPointsCleared();
   current_ = model;
   if (headless_) return;
+  followSelection(model);
   GuiWidgets& widgets = GuiWidgets::get();
   if (model) {
     widgets.tabs->value(model);
@@ -320,6 +323,57 @@ void Gui::historyChanged(Model& model)
   if (&model == current_) updateWidgets();
 }
 
+void Gui::selectionChanged(Model& model)
+{
+  if (&model != current_) return;
+  followSelection(current_);
+  updateWidgets();
+}
+
+void Gui::parentChanged(Model& model)
+{
+  if (&model == current_) updateWidgets();
+}
+
+void Gui::toolPointGiven(const osg::Vec3d& point)
+{
+  toolPoints_.push(point);
+  showToolPoints(toolPoints_);
+}
+
+void Gui::toolPointMoved(const osg::Vec3d& point)
+{
+  toolPoints_.current = point;
+  showToolPoints(toolPoints_);
+}
+
+void Gui::toolPointsCleared()
+{
+  toolPoints_ = {};
+  showToolPoints(toolPoints_);
+}
+
+void Gui::setSnapsToGrid(bool snaps)
+{
+  snapsToGrid_ = snaps;
+  applySwitches();
+}
+
+void Gui::applySwitches()
+{
+  for (int i = 0; i < modelCount(); ++i)
+    takeSwitches(*modelAt(i));
+}
+
+/// Gives `model` the switches that all models share.
+void Gui::takeSwitches(Model& model) const
+{
+  DisplaySwitches switches = model.switches();
+  switches.gizmos = Preferences::get().showGizmos;
+  switches.snapToGrid = snapsToGrid_;
+  model.setSwitches(switches);
+}
+
 void Gui::setSplash(std::unique_ptr<Splash> splash)
 {
   splash_ = std::move(splash);
@@ -339,6 +393,7 @@ void Gui::updateWidgets()
   updateTitle();
   updateMenuBar(*this);
   updateToolBars(*this);
+  updateStatusArea(*this);
 }
 
 } // namespace nalt

@@ -3,6 +3,7 @@
 #include "app/FileOperations.h"
 #include "app/MessageDialogs.h"
 #include "app/RecentFiles.h"
+#include "app/StatusArea.h"
 #include "core/Shell.h"
 #include "scene/view/ViewportPreferences.h"
 
@@ -68,6 +69,11 @@ public:
   void documentChanged(Model& model) override;
   void activeViewportChanged(Model& model) override;
   void historyChanged(Model& model) override;
+  void selectionChanged(Model& model) override;
+  void parentChanged(Model& model) override;
+  void toolPointGiven(const osg::Vec3d& point) override;
+  void toolPointMoved(const osg::Vec3d& point) override;
+  void toolPointsCleared() override;
   void openDropped(const std::string& lines) override;
 
   // What menus and buttons call
@@ -86,6 +92,12 @@ public:
   /// What a click in a viewport selects, 1 for vertices; the table of the tool bar has the numbers.
   int selectionMode() const { return selectionMode_; }
   void setSelectionMode(int number);
+
+  /// Whether points that the user gives jump to the grid, in all models.
+  bool snapsToGrid() const { return snapsToGrid_; }
+  void setSnapsToGrid(bool snaps);
+  /// Hands the switches that all models share to each of them, the gizmos of the preferences among them.
+  void applySwitches();
 
   // For file operations
   FileOperations& files() { return files_; }
@@ -118,6 +130,7 @@ private:
   void showModel(Model* model);
   bool mayClose(Model& model);
   bool saveAndWait(Model& model);
+  void takeSwitches(Model& model) const;
   void updateTitle();
   void tearDown();
 
@@ -132,6 +145,8 @@ private:
   bool closing_ = false;
   ViewportPreferences viewportPreferences_;
   int selectionMode_ = 1;
+  bool snapsToGrid_ = true;
+  ToolPoints toolPoints_;
   Model* current_ = nullptr;
   RecentFiles recentFiles_;
   std::unique_ptr<ProgressWindow> progress_;

@@ -17,6 +17,7 @@ namespace nalt {
 
 class ModelGroup;
 class NaltButton;
+class SelectionList;
 
 /// The widgets of the main window. All null until the window is built, and all but `tabs` in a run without windows.
 struct GuiWidgets {
@@ -34,7 +35,7 @@ struct GuiWidgets {
   Fl_Output* selections = nullptr;
   std::array<Fl_Button*, 3> gridAlignment{}; ///< XY, XZ, YZ
   Fl_Button* parentButton = nullptr;
-  Fl_Group* selectionListArea = nullptr;
+  SelectionList* selectionList = nullptr;
   std::array<Fl_Button*, 6> palettes{}; ///< COL, TEX, TXM, MAT, LPT, SHD
   Fl_Group* toolPanel = nullptr;
   Fl_Output* statusLine = nullptr;

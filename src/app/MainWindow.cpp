@@ -4,6 +4,7 @@
 #include "app/GuiWidgets.h"
 #include "app/MenuBar.h"
 #include "app/SoftBox.h"
+#include "app/StatusArea.h"
 #include "app/ToolBars.h"
 #include "core/ModelGroup.h"
 #include "core/drawing/Icons.h"
@@ -30,23 +31,6 @@ constexpr int labelSize = 11;
 void setLabelSize(Fl_Widget& widget)
 {
   widget.labelsize(labelSize);
-}
-
-Fl_Box* addLabel(int x, int y, int w, int h, const char* text, Fl_Align align = FL_ALIGN_LEFT)
-{
-  auto* label = new Fl_Box(x, y, w, h, text);
-  label->align(align | FL_ALIGN_INSIDE);
-  setLabelSize(*label);
-  return label;
-}
-
-Fl_Output* addOutput(int x, int y)
-{
-  auto* output = new Fl_Output(x, y, 120, 20);
-  output->textsize(labelSize);
-  output->value("0");
-  output->clear_visible_focus();
-  return output;
 }
 
 Fl_Button* addButton(int x, int y, int w, int h, const char* label, const char* tooltip)
@@ -93,56 +77,6 @@ void buildModelArea(GuiWidgets& widgets)
   widgets.modelGroup = group;
   widgets.tabs = tabs;
   widgets.closeModelButton = close;
-}
-
-void buildStatusArea(GuiWidgets& widgets)
-{
-  constexpr int rows[] = {650, 670, 690};
-  auto* area = new Fl_Group(75, 632, 1079, 83);
-  area->box(FL_FLAT_BOX);
-  struct Column {
-    const char* title;
-    int x;
-    std::array<Fl_Output*, 3>& fields;
-  };
-  for (const Column& column : {Column{"Previous:", 95, widgets.previous}, Column{"Current:", 215, widgets.current},
-                               Column{"Delta:", 335, widgets.delta}}) {
-    addLabel(column.x, 632, 120, 18, column.title);
-    for (int i = 0; i < 3; ++i)
-      column.fields[static_cast<std::size_t>(i)] = addOutput(column.x, rows[i]);
-  }
-  // The row in the middle is typed by tools, not by the user: selected text must not stand out.
-  for (Fl_Output* field : widgets.current)
-    field->selection_color(field->color());
-  constexpr const char* axes[] = {"X", "Y", "Z"};
-  for (int i = 0; i < 3; ++i)
-    addLabel(80, rows[i], 15, 20, axes[i]);
-
-  addLabel(460, 632, 120, 18, "Distance:");
-  widgets.distance = addOutput(460, 650);
-  addLabel(590, 632, 120, 18, "#Selections:");
-  widgets.selections = addOutput(590, 650);
-  addLabel(460, 671, 120, 18, "Grid Alignment:");
-  constexpr const char* planes[] = {"XY", "XZ", "YZ"};
-  constexpr const char* planeTips[] = {"Align Grid To XY (not in this version)",
-                                       "Align Grid To XZ (not in this version)",
-                                       "Align Grid To YZ (not in this version)"};
-  for (int i = 0; i < 3; ++i) {
-    Fl_Button* button = addButton(460 + 28 * i, 690, 28, 20, planes[i], planeTips[i]);
-    button->deactivate();
-    widgets.gridAlignment[static_cast<std::size_t>(i)] = button;
-  }
-  addLabel(590, 671, 120, 18, "Parent:");
-  widgets.parentButton = addButton(590, 690, 120, 20, nullptr, "Set Parent Node (not in this version)");
-  widgets.parentButton->deactivate();
-  auto* list = new Fl_Group(715, 650, 165, 60);
-  list->box(FL_DOWN_BOX);
-  list->color(FL_BACKGROUND2_COLOR);
-  list->end();
-  widgets.selectionListArea = list;
-  auto* filler = new Fl_Box(890, 632, 264, 83);
-  area->end();
-  area->resizable(filler);
 }
 
 void buildRightPanel(GuiWidgets& widgets)

@@ -48,7 +48,8 @@ const ToolButton upperButtons[] = {
     {"View", "Show Vertices Large", "vertices-large", commands::toggleLargeVertices, when::viewport,
      commands::hasLargeVertices, Kind::toggle},
     {"View", "Show Vertex Numbers", "vertex-numbers", later, when::viewport, nullptr, Kind::toggle},
-    {"View", "Snap To Grid", "snap-grid", later, when::viewport, nullptr, Kind::toggle},
+    {"View", "Snap To Grid", "snap-grid", commands::toggleSnapToGrid, when::always, commands::snapsToGrid,
+     Kind::toggle},
     {"View", "Report Statistics", "statistics", later, when::model},
     {"View", "Report Differences", "differences", later, when::model},
 };

@@ -4,6 +4,10 @@
 #include <string>
 #include <vector>
 
+namespace osg {
+class Vec3d;
+}
+
 namespace nalt {
 
 class MacroCommand;
@@ -68,10 +72,16 @@ public:
   /// What can be undone or redone in `model` changed.
   virtual void historyChanged(Model& /*model*/) {}
   virtual void selectionChanged(Model& /*model*/) {}
-  /// Another palette entry of `model` is the current one.
   /// New nodes of `model` go to another place.
   virtual void parentChanged(Model& /*model*/) {}
+  /// Another palette entry of `model` is the current one.
   virtual void paletteIndexChanged(Model& /*model*/) {}
+  /// The user gave the current tool a point of the model, or drags the last one: the window shows it with the one
+  /// before.
+  virtual void toolPointGiven(const osg::Vec3d& /*point*/) {}
+  virtual void toolPointMoved(const osg::Vec3d& /*point*/) {}
+  /// Another tool starts with none.
+  virtual void toolPointsCleared() {}
   /// A script that the user started is over: tree, selection, undo menu and macro list are shown as they are now.
   virtual void scriptEnded() {}
   /// Opens what was dropped on the window: paths or "file:" URIs, one in each line.

@@ -1,0 +1,200 @@
+#include "app/Commands.h"
+#include "core/selection/SelectOperations.h"
+#include "tests/app/GuiFixture.h"
+
+namespace nalt {
+
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class MenuCommands : public GuiFixture {
+protected:
+  std::vector<std::string> selected() const { return gui.currentModel()->selections().names(); }
+  void openSquares(int count) { gui.openModel(savedSquares("squares.flt", count), /*synchronous=*/true); }
+};
+
+} // namespace
+
+TEST_F(MenuCommands, WithoutAModelOnlyWhatNeedsNoneIsActive)
+{
+  for (const char* label :
+       {"&New", "&Open...", "&Import...", "E&xit", "Show &Gizmos", "Snap To &Grid", "&About Nalt...", "&Vertex Mode"})
+    EXPECT_TRUE(isActive(label)) << label;
+  for (const char* label : {"&Revert...",
+                            "Re&vert Externals",
+                            "Rever&t Textures",
+                            "&Save",
+                            "Save &As...",
+                            "&Close Model",
+                            "C&lose All Models    ",
+                            "&Delete",
+                            "&Next Model",
+                            "&Previous Model",
+                            "&More Detail",
+                            "M&ost Detail",
+                            "&Less Detail",
+                            "L&east Detail",
+                            "&Show All LODs",
+                            "&All",
+                            "&None",
+                            "&Invert Selection",
+                            "Select Sliver &Polygons",
+                            "Select Na&ked Edges",
+                            "S&elect Parents",
+                            "Select &Children",
+                            "Se&lect Previous"})
+    EXPECT_FALSE(isActive(label)) << label;
+  EXPECT_FALSE(entry("&Viewport").enabled(gui));
+  EXPECT_FALSE(when::undoable(gui));
+  EXPECT_FALSE(when::redoable(gui));
+}
+
+TEST_F(MenuCommands, AModelMakesItsEntriesActive)
+{
+  openSquares(1);
+  for (const char* label :
+       {"&Revert...", "&Save", "Save &As...", "&Close Model", "C&lose All Models    ", "&More Detail", "&Show All LODs",
+        "&All", "&None", "&Invert Selection", "Select Sliver &Polygons", "Select Na&ked Edges", "S&elect Parents",
+        "Select &Children", "Se&lect Previous"})
+    EXPECT_TRUE(isActive(label)) << label;
+  EXPECT_FALSE(isActive("&Delete")) << "nothing is selected";
+  EXPECT_FALSE(isActive("&Next Model")) << "there is no other";
+  gui.newModel("untitled.flt");
+  EXPECT_TRUE(isActive("&Next Model"));
+  EXPECT_TRUE(isActive("&Previous Model"));
+  EXPECT_FALSE(isActive("&Revert...")) << "a new model has no file to go back to";
+}
+
+TEST_F(MenuCommands, WhileAFileIsOpenedTheModelsAreLeftAlone)
+{
+  openSquares(2);
+  gui.setSelectionMode(static_cast<int>(SelectionMode::polygon));
+  pick("&All");
+  gui.files().open(savedSquares("other.flt", 1), /*synchronous=*/false);
+  for (const char* label : {"&Revert...", "&Close Model", "C&lose All Models    ", "&Delete", "&More Detail", "&All",
+                            "&None", "Select Na&ked Edges"})
+    EXPECT_FALSE(isActive(label)) << label;
+  EXPECT_FALSE(when::undoable(gui));
+  for (const char* label : {"&New", "&Open...", "&Save", "E&xit"})
+    EXPECT_TRUE(isActive(label)) << label;
+  gui.files().waitUntilIdle();
+  EXPECT_TRUE(isActive("&All"));
+}
+
+TEST_F(MenuCommands, AllSelectsByTheModeAndNoneClears)
+{
+  openSquares(2);
+  gui.setSelectionMode(static_cast<int>(SelectionMode::polygon));
+  pick("&All");
+  EXPECT_THAT(selected(), ElementsAre("p1", "p2"));
+  EXPECT_TRUE(isActive("&Delete"));
+  EXPECT_EQ(commands::undoName(gui), "Undo Selection");
+  gui.setSelectionMode(static_cast<int>(SelectionMode::group));
+  pick("&All");
+  EXPECT_THAT(selected(), ElementsAre("g1"));
+  pick("&None");
+  EXPECT_THAT(selected(), IsEmpty());
+  EXPECT_FALSE(isActive("&Delete"));
+  pick("Se&lect Previous");
+  EXPECT_THAT(selected(), ElementsAre("p1", "p2")) << "what stood before the last search";
+}
+
+TEST_F(MenuCommands, InvertSelectsTheOthers)
+{
+  openSquares(3);
+  gui.setSelectionMode(static_cast<int>(SelectionMode::polygon));
+  NameSearch search;
+  search.names = {"p2"};
+  selectByName(*gui.currentModel(), search, /*undoable=*/true);
+  pick("&Invert Selection");
+  EXPECT_THAT(selected(), ElementsAre("p1", "p3"));
+}
+
+TEST_F(MenuCommands, ParentsAndChildrenAreOneLevelApart)
+{
+  openSquares(2);
+  gui.setSelectionMode(static_cast<int>(SelectionMode::polygon));
+  pick("&All");
+  pick("S&elect Parents");
+  EXPECT_THAT(selected(), ElementsAre("o1"));
+  pick("S&elect Parents");
+  EXPECT_THAT(selected(), ElementsAre("g1"));
+  pick("Select &Children");
+  EXPECT_THAT(selected(), ElementsAre("o1"));
+}
+
+TEST_F(MenuCommands, NakedEdgesAreThoseOnTheOutside)
+{
+  openSquares(2);
+  pick("Select Na&ked Edges");
+  EXPECT_EQ(gui.currentModel()->selections().size(), 6U);
+}
+
+TEST_F(MenuCommands, ASearchThatFindsNothingKeepsTheSelection)
+{
+  openSquares(1);
+  gui.setSelectionMode(static_cast<int>(SelectionMode::object));
+  pick("&All");
+  pick("Select Sliver &Polygons");
+  EXPECT_THAT(selected(), ElementsAre("o1"));
+  gui.setSelectionMode(static_cast<int>(SelectionMode::switchNode));
+  pick("&All");
+  EXPECT_THAT(selected(), ElementsAre("o1"));
+}
+
+TEST_F(MenuCommands, DeleteTakesTheSelectionAwayAndUndoBringsItBack)
+{
+  openSquares(2);
+  gui.setSelectionMode(static_cast<int>(SelectionMode::polygon));
+  pick("&All");
+  pick("&Delete");
+  EXPECT_THAT(selected(), IsEmpty());
+  EXPECT_TRUE(gui.currentModel()->isDirty());
+  EXPECT_EQ(commands::undoName(gui), "Undo Delete");
+  commands::undo(gui);
+  EXPECT_EQ(commands::redoName(gui), "Redo Delete");
+  pick("&All");
+  EXPECT_THAT(selected(), ElementsAre("p1", "p2"));
+}
+
+TEST_F(MenuCommands, GizmosAndSnappingAreTheSameInAllModels)
+{
+  EXPECT_TRUE(entry("Show &Gizmos").isOn(gui));
+  EXPECT_TRUE(entry("Snap To &Grid").isOn(gui));
+  openSquares(1);
+  pick("Show &Gizmos");
+  pick("Snap To &Grid");
+  EXPECT_FALSE(entry("Show &Gizmos").isOn(gui));
+  EXPECT_FALSE(entry("Snap To &Grid").isOn(gui));
+  gui.newModel("untitled.flt");
+  for (int i = 0; i < 2; ++i) {
+    EXPECT_FALSE(gui.modelAt(i)->switches().gizmos);
+    EXPECT_FALSE(gui.modelAt(i)->switches().snapToGrid);
+  }
+  EXPECT_FALSE(Preferences::get().showGizmos);
+}
+
+TEST_F(MenuCommands, ModesAreARadioGroup)
+{
+  EXPECT_TRUE(entry("&Vertex Mode").isOn(gui));
+  pick("&LOD Mode");
+  EXPECT_TRUE(entry("&LOD Mode").isOn(gui));
+  EXPECT_FALSE(entry("&Vertex Mode").isOn(gui));
+  EXPECT_EQ(gui.selectionMode(), static_cast<int>(SelectionMode::lod));
+}
+
+TEST(ToolPoints, TellThePathBetweenTheLastTwo)
+{
+  ToolPoints points;
+  EXPECT_EQ(points.delta(), osg::Vec3d());
+  points.push({1, 2, 3});
+  EXPECT_EQ(points.delta(), osg::Vec3d());
+  points.push({4, 6, 3});
+  EXPECT_EQ(*points.previous, osg::Vec3d(1, 2, 3));
+  EXPECT_EQ(*points.current, osg::Vec3d(4, 6, 3));
+  EXPECT_EQ(points.delta().length(), 5.0);
+}
+
+} // namespace nalt
