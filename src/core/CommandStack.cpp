@@ -92,6 +92,12 @@ void CommandStack::clear()
   changed();
 }
 
+void CommandStack::followLimit()
+{
+  trim();
+  changed();
+}
+
 void CommandStack::replaceRecord(fltapi::Record& oldRecord, fltapi::Record& newRecord)
 {
   for (const auto& command : undo_)

@@ -21,6 +21,8 @@ public:
   void redo();
   /// Forgets everything.
   void clear();
+  /// Drops the oldest commands when the user's limit for their number became smaller.
+  void followLimit();
   /// Tells every command of the stack.
   void replaceRecord(fltapi::Record& oldRecord, fltapi::Record& newRecord);
 

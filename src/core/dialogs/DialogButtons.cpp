@@ -1,0 +1,37 @@
+#include "core/dialogs/DialogButtons.h"
+
+#include "core/dialogs/DialogStyle.h"
+
+#include <FL/Fl_Button.H>
+#include <FL/Fl_Return_Button.H>
+
+#include <utility>
+
+namespace nalt {
+
+void Actions::connect(Fl_Widget& widget, std::function<void()> run)
+{
+  runs_.push_back(std::move(run));
+  widget.callback([](Fl_Widget*, void* data) { (*static_cast<std::function<void()>*>(data))(); }, &runs_.back());
+}
+
+std::vector<Fl_Button*> addDialogButtons(int width, int height, Actions& actions, std::vector<DialogButton> buttons)
+{
+  const int count = static_cast<int>(buttons.size());
+  const int y = height - dialog::margin - dialog::buttonHeight;
+  int x = width - dialog::margin - count * dialog::buttonWidth - (count - 1) * dialog::buttonGap;
+  std::vector<Fl_Button*> made;
+  for (DialogButton& button : buttons) {
+    Fl_Button* widget = button.isDefault
+                            ? new Fl_Return_Button(x, y, dialog::buttonWidth, dialog::buttonHeight, button.label)
+                            : new Fl_Button(x, y, dialog::buttonWidth, dialog::buttonHeight, button.label);
+    widget->labelsize(dialog::textSize);
+    widget->tooltip(button.tooltip);
+    actions.connect(*widget, std::move(button.run));
+    made.push_back(widget);
+    x += dialog::buttonWidth + dialog::buttonGap;
+  }
+  return made;
+}
+
+} // namespace nalt
