@@ -40,6 +40,37 @@ struct Pixel {
   double y;
 };
 
+constexpr int pickPointSize = 13;
+/// One character a pixel: the white mark, its black rim, and nothing.
+constexpr std::array<const char*, pickPointSize> pickPoint = {
+    "     +++     ", //
+    "     +#+     ", //
+    "    ++#++    ", //
+    "   ++###++   ", //
+    "  ++##+##++  ", //
+    "+++##+ +##+++", //
+    "+####+ +####+", //
+    "+++##+ +##+++", //
+    "  ++##+##++  ", //
+    "   ++###++   ", //
+    "    ++#++    ", //
+    "     +#+     ", //
+    "     +++     ",
+};
+
+/// Puts `size` by `size` pixels on the window, the lower left one at (x, y).
+void drawPixels(int size, double x, double y, const std::uint8_t* rgba)
+{
+  glEnable(GL_BLEND);
+  glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+  glPixelStorei(GL_UNPACK_ALIGNMENT, 1);
+  // A raster position outside of the window would drop the whole picture; glBitmap moves it there unclipped.
+  glRasterPos2i(0, 0);
+  glBitmap(0, 0, 0, 0, static_cast<float>(std::lround(x)), static_cast<float>(std::lround(y)), nullptr);
+  glDrawPixels(size, size, GL_RGBA, GL_UNSIGNED_BYTE, rgba);
+  glDisable(GL_BLEND);
+}
+
 /// Draws `glyph` centred on `at`, over a halo that keeps it readable on any ground.
 void drawGlyph(const Glyph& glyph, Pixel at, const osg::Vec3f& color)
 {
@@ -65,15 +96,7 @@ void drawGlyph(const Glyph& glyph, Pixel at, const osg::Vec3f& color)
       }
     }
   }
-  glEnable(GL_BLEND);
-  glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
-  glPixelStorei(GL_UNPACK_ALIGNMENT, 1);
-  // A raster position outside of the window would drop the whole glyph; glBitmap moves it there unclipped.
-  glRasterPos2i(0, 0);
-  glBitmap(0, 0, 0, 0, static_cast<float>(std::lround(at.x)) - size / 2,
-           static_cast<float>(std::lround(at.y)) - size / 2, nullptr);
-  glDrawPixels(size, size, GL_RGBA, GL_UNSIGNED_BYTE, rgba.data());
-  glDisable(GL_BLEND);
+  drawPixels(size, at.x - size / 2, at.y - size / 2, rgba.data());
 }
 
 void drawOutline(int width, int height, int inset)
@@ -140,6 +163,38 @@ void drawBackground(int width, int height, const osg::Vec3f& top, const osg::Vec
   glVertex2i(width, height);
   glVertex2i(0, height);
   glEnd();
+}
+
+void drawRubberBand(int width, int height, const RubberBand& band)
+{
+  const WindowPixels pixels(width, height);
+  const auto rectangle = [&band](double dx, double dy) {
+    glBegin(GL_LINE_LOOP);
+    glVertex2d(band.first.x() + dx, band.first.y() + dy);
+    glVertex2d(band.second.x() + dx, band.first.y() + dy);
+    glVertex2d(band.second.x() + dx, band.second.y() + dy);
+    glVertex2d(band.first.x() + dx, band.second.y() + dy);
+    glEnd();
+  };
+  glColor3f(0.0F, 0.0F, 0.0F);
+  rectangle(1.5, -0.5);
+  glColor3f(1.0F, 1.0F, 1.0F);
+  rectangle(0.5, 0.5);
+}
+
+void drawPickPoint(int width, int height, const osg::Vec2d& place)
+{
+  const WindowPixels pixels(width, height);
+  std::array<std::uint8_t, pickPointSize * pickPointSize * 4> rgba{};
+  for (int y = 0; y < pickPointSize; ++y) {
+    for (int x = 0; x < pickPointSize; ++x) {
+      const char mark = pickPoint[y][x];
+      std::uint8_t* pixel = &rgba[((pickPointSize - 1 - y) * pickPointSize + x) * 4];
+      pixel[0] = pixel[1] = pixel[2] = mark == '#' ? 255 : 0;
+      pixel[3] = mark == ' ' ? 0 : 255;
+    }
+  }
+  drawPixels(pickPointSize, place.x() - pickPointSize / 2, place.y() - pickPointSize / 2, rgba.data());
 }
 
 void drawFrame(int width, int height, bool active)

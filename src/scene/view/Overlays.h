@@ -3,6 +3,7 @@
 #include "scene/view/ViewportPreferences.h"
 
 #include <osg/Quat>
+#include <osg/Vec2d>
 #include <osg/Vec3f>
 
 namespace nalt {
@@ -11,6 +12,17 @@ namespace nalt {
 
 /// The quad behind the scene, `top` at the upper edge.
 void drawBackground(int width, int height, const osg::Vec3f& top, const osg::Vec3f& bottom);
+
+/// The rectangle that the left mouse button draws. Window pixels, y upward.
+struct RubberBand {
+  osg::Vec2d first;
+  osg::Vec2d second;
+};
+/// In black and white, so that it can be seen on any ground.
+void drawRubberBand(int width, int height, const RubberBand& band);
+
+/// Marks the place that the selection turns and scales about.
+void drawPickPoint(int width, int height, const osg::Vec2d& place);
 
 /// The outline of the window; the active viewport has a further one two pixels inside.
 void drawFrame(int width, int height, bool active);

@@ -123,6 +123,7 @@ void ViewScene::apply(const ViewStyle& style)
   else
     forceNoProgram(polygons);
   lines_->getOrCreateStateSet()->setMode(GL_CULL_FACE, style.wireframeBackface ? forcedOff : forcedOn);
+  grid_.setDepth(style.gridDepth);
 }
 
 void ViewScene::apply(const ViewportPreferences& preferences)
@@ -138,6 +139,12 @@ void ViewScene::apply(const ViewportPreferences& preferences)
       preferences.smallFeatureCulling ? new SmallFeatureCullingCallback : nullptr;
   polygons_->setCullCallback(culling);
   lines_->setCullCallback(culling);
+}
+
+void ViewScene::apply(const Grid& grid)
+{
+  if (grid.isVisible()) grid_.rebuild(grid);
+  grid_.show(*root_, grid.isVisible());
 }
 
 } // namespace nalt

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "scene/view/GridNodes.h"
 #include "scene/view/ViewportPreferences.h"
 
 #include <osg/Group>
@@ -19,6 +20,10 @@ struct ViewStyle {
   bool texture = true;
   bool shader = true;
   bool largeVertices = false;
+  bool shrunkPolygons = false;
+  bool normals = false;
+  bool vertexNumbers = false;
+  GridDepth gridDepth = GridDepth::zBuffer;
   std::uint8_t textureLayers = 0xFF; ///< bit n: layer n is shown, as far as `texture` lets it
 };
 
@@ -38,12 +43,15 @@ public:
 
   void apply(const ViewStyle& style);
   void apply(const ViewportPreferences& preferences);
+  /// Shows the lines of `grid` as it is now, or none when it is hidden.
+  void apply(const Grid& grid);
 
   // The groups by what they draw, for tests and for what hangs beside the model.
   osg::Group* polygons() { return polygons_.get(); }
   osg::Group* lines() { return lines_.get(); }
   osg::Group* outerVertices() { return outerVertices_.get(); }
   osg::Group* innerVertices() { return innerVertices_.get(); }
+  GridNodes& grid() { return grid_; }
 
 private:
   osg::ref_ptr<osg::Group> root_ = new osg::Group;
@@ -53,6 +61,7 @@ private:
   osg::ref_ptr<osg::Group> innerVertices_ = new osg::Group;
   osg::ref_ptr<osg::Point> outerPoint_ = new osg::Point;
   osg::ref_ptr<osg::Point> innerPoint_ = new osg::Point;
+  GridNodes grid_;
   osg::ref_ptr<osg::Node> model_;
 };
 

@@ -149,6 +149,12 @@ void Viewport::setStyle(const ViewStyle& style)
   redraw();
 }
 
+void Viewport::setRubberBand(const std::optional<RubberBand>& band)
+{
+  rubberBand_ = band;
+  redraw();
+}
+
 bool Viewport::headLight() const
 {
   return sceneView_->getLightingMode() == osgUtil::SceneView::HEADLIGHT;
@@ -162,10 +168,12 @@ void Viewport::setHeadLight(bool headLight)
 
 void Viewport::setPreferences(const ViewportPreferences& preferences)
 {
-  const int lines = preferences_.thickLineNumber;
-  preferences_ = preferences;
-  if (preferences_.thickLineNumber == 0) preferences_.thickLineNumber = lines; // the grid divides by it
+  preferences_ = usable(preferences, preferences_);
   scene_.apply(preferences_);
+  grid_.setSpacing(preferences_.gridSpacing);
+  grid_.setThickLineNumber(preferences_.thickLineNumber);
+  grid_.setColors(preferences_.gridColor, preferences_.gridAxisColor);
+  scene_.apply(grid_);
   camera_->setClip(preferences_.nearClip, preferences_.farClip);
   camera_->setFieldOfView(preferences_.fieldOfView);
 
@@ -195,19 +203,32 @@ osg::BoundingBoxd Viewport::modelBox() const
   return box;
 }
 
-void Viewport::updateCameraSpeed()
+double Viewport::modelRadius() const
 {
   const osg::BoundingBoxd box = modelBox();
-  camera_->setSpeed(cameraSpeed(Preferences::get().sensitivity, box.valid() ? box.radius() : 0.0, preferences_.nearClip,
-                                preferences_.gridSpacing));
+  return box.valid() ? box.radius() : 0.0;
+}
+
+void Viewport::updateCameraSpeed()
+{
+  camera_->setSpeed(cameraSpeed(Preferences::get().sensitivity, modelRadius(), preferences_.nearClip, grid_.spacing()));
 }
 
 void Viewport::fitInView()
 {
   const osg::BoundingBoxd box = modelBox();
   // Unlike the speed after loading, this one leaves the near clip out.
-  camera_->setSpeed(cameraSpeed(Preferences::get().sensitivity, box.valid() ? box.radius() : 0.0, /*nearClip=*/0.0,
-                                preferences_.gridSpacing));
+  camera_->setSpeed(
+      cameraSpeed(Preferences::get().sensitivity, box.valid() ? box.radius() : 0.0, /*nearClip=*/0.0, grid_.spacing()));
+  if (const auto pose = poseFitting(box, camera_->pose(), camera_->lens(), w(), h())) camera_->setPose(*pose);
+}
+
+void Viewport::fitToSelection()
+{
+  if (!model_) return;
+  osg::BoundingBoxd box;
+  for (const auto& [mode, selection] : model_->selections().current().families())
+    box.expandBy(selection->boundingBox());
   if (const auto pose = poseFitting(box, camera_->pose(), camera_->lens(), w(), h())) camera_->setPose(*pose);
 }
 
@@ -216,6 +237,38 @@ void Viewport::viewAlong(const osg::Vec3d& direction, const osg::Vec3d& up)
   const bool fit = Preferences::get().zoomViewpointToModel;
   camera_->setPose(poseAlong(direction, up, camera_->pose(), fit));
   if (fit) fitInView();
+}
+
+void Viewport::gridChanged()
+{
+  preferences_.gridSpacing = grid_.spacing();
+  scene_.apply(grid_);
+  redraw();
+}
+
+void Viewport::showGrid(bool shown)
+{
+  grid_.setVisible(shown);
+  gridChanged();
+}
+
+bool Viewport::gridPoint(const osg::Vec3d& point)
+{
+  if (!model_ || !grid_.isVisible() || !gridPlacement_.waits()) return false;
+  activate(); // the grid of the active viewport is the one that the operations work on
+  return gridPlacement_.take(*model_, point);
+}
+
+std::optional<osg::Vec3d> Viewport::pointOnGrid(const osg::Vec3d& nearPoint, const osg::Vec3d& farPoint) const
+{
+  if (!grid_.isVisible()) return std::nullopt;
+  const auto point = grid_.intersection(nearPoint, farPoint);
+  return point && snapsToGrid() ? grid_.snapped(*point) : point;
+}
+
+bool Viewport::snapsToGrid() const
+{
+  return model_ && model_->switches().snapToGrid;
 }
 
 bool Viewport::recallView(const std::string& text)
@@ -256,8 +309,19 @@ void Viewport::draw()
   drawOverlays();
 }
 
+std::optional<osg::Vec2d> Viewport::projected(const osg::Vec3d& point) const
+{
+  const osg::Matrixd toWindow = sceneView_->getViewMatrix() * sceneView_->getProjectionMatrix();
+  const osg::Vec4d clip = osg::Vec4d(point, 1.0) * toWindow;
+  if (!(clip.w() > 0.0)) return std::nullopt;
+  return osg::Vec2d((clip.x() / clip.w() + 1.0) * w() / 2.0, (clip.y() / clip.w() + 1.0) * h() / 2.0);
+}
+
 void Viewport::drawOverlays()
 {
+  if (rubberBand_) drawRubberBand(w(), h(), *rubberBand_);
+  if (const auto pivot = model_ ? model_->selections().pivot() : std::nullopt)
+    if (const auto place = projected(*pivot)) drawPickPoint(w(), h(), *place);
   drawFrame(w(), h(), active_);
   drawOrientationAxes(w(), h(), preferences_.axesCorner, camera_->pose().orientation);
   drawProjectionMarker(w(), h(), preferences_.axesCorner, orthographic());
@@ -295,7 +359,7 @@ int Viewport::handle(int event)
 
 void Viewport::activate()
 {
-  take_focus();
+  if (shown()) take_focus();
   if (model_) model_->setActiveViewport(this);
 }
 

@@ -1,9 +1,12 @@
 #pragma once
 
+#include "core/Grid.h"
 #include "core/VPBase.h"
 #include "scene/view/FLTKActionAdapter.h"
 #include "scene/view/FLTKEventAdapter.h"
+#include "scene/view/GridPlacement.h"
 #include "scene/view/ModManipulator.h"
+#include "scene/view/Overlays.h"
 #include "scene/view/ViewScene.h"
 #include "scene/view/ViewportPreferences.h"
 
@@ -31,10 +34,16 @@ public:
   void bind(Model& model, std::uint32_t bit) override;
   void unbind() override;
   void setActive(bool active) override;
+  Grid* grid() override { return &grid_; }
+  void gridChanged() override;
 
   Model* model() const { return model_; }
   bool isActive() const { return active_; }
+  /// Takes the keyboard and becomes the active viewport of its model.
+  void activate();
   const std::string& name() const { return name_; }
+  /// The viewport's own bit in the node masks of the scene; all bits before it is bound.
+  std::uint32_t bits() const { return traversalMask_; }
   ModManipulator& camera() { return *camera_; }
   const ModManipulator& camera() const { return *camera_; }
   osgUtil::SceneView& sceneView() { return *sceneView_; }
@@ -48,15 +57,32 @@ public:
   bool headLight() const;
   void setHeadLight(bool headLight);
   const ViewportPreferences& preferences() const { return preferences_; }
+  /// In force at once. A value that nothing can be drawn with is left as it was.
   void setPreferences(const ViewportPreferences& preferences);
+
+  bool showsGrid() const { return grid_.isVisible(); }
+  void showGrid(bool shown);
+  GridPlacement& gridPlacement() { return gridPlacement_; }
+  /// A point that the user picked with the middle mouse button. False unless the grid is shown and waits for one.
+  bool gridPoint(const osg::Vec3d& point);
+  /// Where a line of sight meets the grid, on a crossing of lines while snapping is on; none for a hidden grid too.
+  std::optional<osg::Vec3d> pointOnGrid(const osg::Vec3d& nearPoint, const osg::Vec3d& farPoint) const;
+  bool snapsToGrid() const;
+
+  /// The rectangle that is being drawn with the mouse; none at the end of the drag.
+  void setRubberBand(const std::optional<RubberBand>& band);
 
   /// Frames the whole model; an empty one leaves the camera where it is. Automatic speeds follow the model's size.
   void fitInView();
   /// Looks along `direction` at the same centre; a zero `up` is chosen by the direction.
   void viewAlong(const osg::Vec3d& direction, const osg::Vec3d& up = osg::Vec3d());
+  /// Frames what is selected; leaves the camera where it is when that is nothing.
+  void fitToSelection();
   std::string storedView() const { return textOf(camera_->pose()); }
   /// False, and the camera unchanged, when `text` isn't what `storedView` gives.
   bool recallView(const std::string& text);
+  /// Half the diagonal of the model's box; 0 for an empty one.
+  double modelRadius() const;
   /// Takes the sensitivities of the preferences over.
   void updateCameraSpeed();
   void openMenu();
@@ -72,6 +98,8 @@ private:
   void setModelNode(osg::Node* node);
   osg::BoundingBoxd modelBox() const;
   void drawOverlays();
+  /// In window pixels, y upward; none for what lies behind the eye.
+  std::optional<osg::Vec2d> projected(const osg::Vec3d& point) const;
   int handlePush();
   int handleDrag();
   int handleRelease();
@@ -79,7 +107,6 @@ private:
   void startGesture();
   void endGesture();
   void showGesture(CameraGesture gesture);
-  void activate();
 
   std::string name_;
   Model* model_ = nullptr;
@@ -95,6 +122,9 @@ private:
   GLContext drawnContext_ = nullptr; ///< the one that the scene view's state belongs to
   ViewStyle style_;
   ViewportPreferences preferences_;
+  Grid grid_;
+  GridPlacement gridPlacement_;
+  std::optional<RubberBand> rubberBand_;
   std::optional<CameraButton> gesture_; ///< the drag of the right button in force
   CameraGesture shownGesture_ = CameraGesture::none;
 };

@@ -1,7 +1,10 @@
 #include "scene/view/ViewportActions.h"
 
+#include "core/Model.h"
 #include "core/Shell.h"
+#include "scene/view/Hiding.h"
 #include "scene/view/Viewport.h"
+#include "scene/view/ViewportGridActions.h"
 
 #include <FL/Fl.H>
 
@@ -104,6 +107,51 @@ void fitInView(Viewport& viewport)
   viewport.fitInView();
 }
 
+void fitToSelection(Viewport& viewport)
+{
+  viewport.fitToSelection();
+}
+
+template <int side>
+void lookAtGrid(Viewport& viewport)
+{
+  viewport.viewAlong(viewport.grid()->axes().normal * side);
+}
+
+void toggleGrid(Viewport& viewport)
+{
+  viewport.showGrid(!viewport.showsGrid());
+}
+
+bool showsGrid(const Viewport& viewport)
+{
+  return viewport.showsGrid();
+}
+
+template <GridDepth depth>
+void setGridDepth(Viewport& viewport)
+{
+  ViewStyle style = viewport.style();
+  style.gridDepth = depth;
+  viewport.setStyle(style);
+}
+
+template <GridDepth depth>
+bool hasGridDepth(const Viewport& viewport)
+{
+  return viewport.style().gridDepth == depth;
+}
+
+void alignToVertices(Viewport& viewport)
+{
+  viewport.gridPlacement().toggleAligning();
+}
+
+void translateOrigin(Viewport& viewport)
+{
+  viewport.gridPlacement().startTranslating();
+}
+
 constexpr auto later = nullptr; // its work isn't in the program yet
 
 const ViewportAction actions[] = {
@@ -115,11 +163,11 @@ const ViewportAction actions[] = {
     {"Viewpoint", "Back (Along Y)", 'y', lookAlong<0, 1, 0>, nullptr},
     {"Viewpoint", "Right (Along -X)", shifted('x'), lookAlong<-1, 0, 0>, nullptr},
     {"Viewpoint", "Left (Along X)", 'x', lookAlong<1, 0, 0>, nullptr},
-    {"Viewpoint", "Above Grid", 'j', later, nullptr},
-    {"Viewpoint", "Below Grid", shifted('j'), later, nullptr},
+    {"Viewpoint", "Above Grid", 'j', lookAtGrid<-1>, nullptr},
+    {"Viewpoint", "Below Grid", shifted('j'), lookAtGrid<1>, nullptr},
     {"Viewpoint", "Store View", shifted('q'), storeView, nullptr},
     {"Viewpoint", "Recall View", 'q', recallView, nullptr},
-    {"Viewpoint", "Fit To Selection", 'v', later, nullptr},
+    {"Viewpoint", "Fit To Selection", 'v', fitToSelection, nullptr},
     {"Viewpoint", "Fit In View", ' ', fitInView, nullptr},
     {"Appearance", "Scribed", 'w', setAppearance<Appearance::scribed>, hasAppearance<Appearance::scribed>, true,
      nextAppearance},
@@ -134,26 +182,26 @@ const ViewportAction actions[] = {
     {"Lighting", "Lighting On", 'l', toggle<&ViewStyle::lighting>, isSet<&ViewStyle::lighting>},
     {"Lighting", "Head Light", 'm', lightFrom<true>, isLitFrom<true>, true, otherLight},
     {"Lighting", "Sky Light", 'm', lightFrom<false>, isLitFrom<false>, true, otherLight},
-    {"Grid", "Show Grid", 'g', later, nullptr},
-    {"Grid", "Align To XY", 0, later, nullptr},
-    {"Grid", "Align To XZ", 0, later, nullptr},
-    {"Grid", "Align To YZ", 0, later, nullptr},
-    {"Grid", "Align To Vertices", 'a', later, nullptr},
-    {"Grid", "Align To Polygon", 'f', later, nullptr},
-    {"Grid", "Translate Origin", 0, later, nullptr},
-    {"Grid", "Z-buffer", 0, later, nullptr},
-    {"Grid", "Always On Top", 0, later, nullptr},
-    {"Grid", "Never On Top", 0, later, nullptr},
-    {"Grid", "Increase Grid Size", '=', later, nullptr, false, nullptr, FL_KP + '+'},
-    {"Grid", "Decrease Grid Size", '-', later, nullptr, false, nullptr, FL_KP + '-'},
-    {"Grid", "Double Grid Size", shifted('='), later, nullptr, false, nullptr, FL_SHIFT | (FL_KP + '+')},
-    {"Grid", "Half Grid Size", shifted('-'), later, nullptr, false, nullptr, FL_SHIFT | (FL_KP + '-')},
+    {"Grid", "Show Grid", 'g', toggleGrid, showsGrid},
+    {"Grid", "Align To XY", 0, alignGridToXY, nullptr},
+    {"Grid", "Align To XZ", 0, alignGridToXZ, nullptr},
+    {"Grid", "Align To YZ", 0, alignGridToYZ, nullptr},
+    {"Grid", "Align To Vertices", 'a', alignToVertices, nullptr},
+    {"Grid", "Align To Polygon", 'f', alignGridToPolygon, nullptr},
+    {"Grid", "Translate Origin", 0, translateOrigin, nullptr},
+    {"Grid", "Z-buffer", 0, setGridDepth<GridDepth::zBuffer>, hasGridDepth<GridDepth::zBuffer>, true},
+    {"Grid", "Always On Top", 0, setGridDepth<GridDepth::alwaysOnTop>, hasGridDepth<GridDepth::alwaysOnTop>, true},
+    {"Grid", "Never On Top", 0, setGridDepth<GridDepth::neverOnTop>, hasGridDepth<GridDepth::neverOnTop>, true},
+    {"Grid", "Increase Grid Size", '=', increaseGrid, nullptr, false, nullptr, FL_KP + '+'},
+    {"Grid", "Decrease Grid Size", '-', decreaseGrid, nullptr, false, nullptr, FL_KP + '-'},
+    {"Grid", "Double Grid Size", shifted('='), doubleGrid, nullptr, false, nullptr, FL_SHIFT | (FL_KP + '+')},
+    {"Grid", "Half Grid Size", shifted('-'), halveGrid, nullptr, false, nullptr, FL_SHIFT | (FL_KP + '-')},
     {"Grid", "Grid Spacing...", 'e', later, nullptr},
     {"Grid", "Grid Offset...", 'd', later, nullptr},
-    {"Hiding", "Hide Selected", 'h', later, nullptr},
-    {"Hiding", "Isolate Selected", 'i', later, nullptr},
-    {"Hiding", "Unhide Selected", shifted('h'), later, nullptr},
-    {"Hiding", "Unhide All", shifted('u'), later, nullptr},
+    {"Hiding", "Hide Selected", 'h', hideSelected, nullptr},
+    {"Hiding", "Isolate Selected", 'i', isolateSelected, nullptr},
+    {"Hiding", "Unhide Selected", shifted('h'), unhideSelected, nullptr},
+    {"Hiding", "Unhide All", shifted('u'), unhideAll, nullptr},
     {nullptr, "Capture Screen...", 'b', later, nullptr},
     {nullptr, "Viewport Preferences...", 'c', later, nullptr},
 };

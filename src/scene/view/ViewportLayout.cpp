@@ -41,6 +41,10 @@ void addViewports(Model& model, const std::vector<VPBase*>& viewports)
 {
   for (VPBase* viewport : viewports)
     model.add(viewport->widget());
+  if (Fl_Widget* before = model.resizable(); before && before != &model) {
+    model.remove(before);
+    delete before;
+  }
   // Seams stay inside of this one, so that every panel keeps something to be taken by.
   auto* limits =
       new Fl_Box(model.x() + smallestPanel, model.y() + smallestPanel, std::max(1, model.w() - 2 * smallestPanel),

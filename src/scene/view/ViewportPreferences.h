@@ -34,4 +34,7 @@ struct ViewportPreferences {
   float smallFeaturePixels = 1.0F;
 };
 
+/// `wanted`, but with the values of `former` in place of those that nothing can be drawn with: a spacing of 0, say.
+ViewportPreferences usable(ViewportPreferences wanted, const ViewportPreferences& former);
+
 } // namespace nalt
