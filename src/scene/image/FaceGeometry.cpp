@@ -100,6 +100,8 @@ void FaceGeometry::rewrite(NaltPolygon& polygon, const PolygonShape& shape)
   const bool otherMode = polygon.getMode() != shape.mode;
   polygon.setMode(shape.mode);
   if (polygon.setTriangles(shape.triangles) || otherMode) runsChanged();
+  if (shrunk_) shrunk_->update(polygon);
+  ++revision_;
   dirtyBound();
 }
 
@@ -170,13 +172,29 @@ void FaceGeometry::dirtyArrays()
   for (auto& layer : uvs_) {
     if (layer) layer->dirty();
   }
+  shrunk_.reset();
   dirtyBound();
+}
+
+void FaceGeometry::prepareShrunk(bool shrunk)
+{
+  if (!shrunk)
+    shrunk_.reset();
+  else
+    this->shrunk();
+}
+
+const ShrunkFaces& FaceGeometry::shrunk() const
+{
+  if (!shrunk_) shrunk_ = std::make_unique<ShrunkFaces>(*this);
+  return *shrunk_;
 }
 
 void FaceGeometry::runsChanged()
 {
   runs_.clear();
   visibleMask_.reset();
+  ++revision_;
 }
 
 void FaceGeometry::maskChanged(std::uint32_t before, std::uint32_t after)
@@ -211,8 +229,9 @@ const FaceRuns& FaceGeometry::runsFor(std::uint32_t viewportBits) const
 
 void FaceGeometry::drawImplementation(osg::RenderInfo& renderInfo) const
 {
-  drawVertexArraysImplementation(renderInfo);
   auto& state = *renderInfo.getState();
+  const bool shrinks = viewports_->shrinksIn(state.getContextID());
+  (shrinks ? shrunk().arrays() : *this).drawVertexArraysImplementation(renderInfo);
   const bool buffers = state.useVertexBufferObject(_supportsVertexBufferObjects && _useVertexBufferObjects);
   runsFor(viewports_->bitsOf(state.getContextID())).draw(state, buffers, currentPolygonMode(state));
   for (auto i = static_cast<unsigned>(polygonCount_); i < getNumPrimitiveSets(); ++i)
@@ -224,6 +243,7 @@ void FaceGeometry::resizeGLObjectBuffers(unsigned maxSize)
   osg::Geometry::resizeGLObjectBuffers(maxSize);
   for (auto& runs : runs_)
     runs->resizeGLObjectBuffers(maxSize);
+  if (shrunk_) shrunk_->arrays().resizeGLObjectBuffers(maxSize);
 }
 
 void FaceGeometry::releaseGLObjects(osg::State* state) const
@@ -231,6 +251,7 @@ void FaceGeometry::releaseGLObjects(osg::State* state) const
   osg::Geometry::releaseGLObjects(state);
   for (const auto& runs : runs_)
     runs->releaseGLObjects(state);
+  if (shrunk_) shrunk_->arrays().releaseGLObjects(state);
 }
 
 } // namespace nalt

@@ -4,9 +4,12 @@
 #include "scene/image/FaceState.h"
 #include "scene/image/NaltPolygon.h"
 #include "scene/image/PolygonShape.h"
+#include "scene/image/ShrinkVisitor.h"
+#include "scene/image/ShrunkFaces.h"
 #include "scene/image/ViewportTable.h"
 
 #include <array>
+#include <memory>
 #include <optional>
 #include <osg/Geometry>
 #include <vector>
@@ -17,7 +20,7 @@ namespace nalt {
 /// polygons, in the order of their corners; others (such as the points of selected vertices) may follow.
 ///
 /// It holds a limited number of corners, so that moving one of them never uploads or measures a whole large model.
-class FaceGeometry : public osg::Geometry {
+class FaceGeometry : public osg::Geometry, public Shrinkable {
 public:
   FaceGeometry(FaceState& state, ViewportTable& viewports);
 
@@ -45,6 +48,12 @@ public:
   std::uint32_t visibleMask() const;
   void maskChanged(std::uint32_t before, std::uint32_t after);
 
+  /// Another number after each change of what is shown.
+  unsigned revision() const { return revision_; }
+
+  void prepareShrunk(bool shrunk) override;
+  const ShrunkFaces& shrunk() const;
+
   void drawImplementation(osg::RenderInfo& renderInfo) const override;
   void resizeGLObjectBuffers(unsigned maxSize) override;
   void releaseGLObjects(osg::State* state = nullptr) const override;
@@ -70,6 +79,8 @@ private:
   /// Made when they are first drawn. Without hidden polygons all viewports share one.
   mutable std::vector<osg::ref_ptr<FaceRuns>> runs_;
   mutable std::optional<std::uint32_t> visibleMask_;
+  mutable std::unique_ptr<ShrunkFaces> shrunk_; ///< made when it is first needed
+  unsigned revision_ = 0;
 };
 
 } // namespace nalt

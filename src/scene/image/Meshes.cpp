@@ -185,14 +185,12 @@ private:
 
 } // namespace
 
-osg::ref_ptr<osg::Geometry> meshGeometry(const MeshRecord& mesh, const FacePlace& place, const FaceState& state,
-                                         FaceTranslator& translator)
+osg::ref_ptr<MeshGeometry> meshGeometry(const MeshRecord& mesh, const FacePlace& place, const FaceState& state,
+                                        FaceTranslator& translator, const ViewportTable& viewports)
 {
   const auto* pool = mesh.findChild<Pool>();
   if (!pool) return nullptr;
-  osg::ref_ptr<osg::Geometry> geometry = new osg::Geometry;
-  geometry->setUseDisplayList(false);
-  geometry->setUseVertexBufferObjects(true);
+  osg::ref_ptr<MeshGeometry> geometry = new MeshGeometry(viewports);
   const auto positions = positionsOf(*pool);
   geometry->setVertexArray(positions);
 
@@ -207,9 +205,9 @@ osg::ref_ptr<osg::Geometry> meshGeometry(const MeshRecord& mesh, const FacePlace
                                osg::Array::BIND_PER_VERTEX);
   }
   addPrimitives(mesh, *geometry, *positions);
-  if (state.key().lit && pool->has(Pool::normal)) {
+  if (pool->has(Pool::normal)) {
     geometry->setNormalArray(storedNormals(*pool), osg::Array::BIND_PER_VERTEX);
-  } else if (state.key().lit) {
+  } else {
     NormalSummer summer(*positions);
     geometry->accept(summer);
     geometry->setNormalArray(summer.take(), osg::Array::BIND_PER_VERTEX);

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <osg/Geometry>
+#include "scene/image/MeshGeometry.h"
+
 #include <osg/ref_ptr>
 
 namespace fltapi {
@@ -15,7 +16,7 @@ struct FacePlace;
 
 /// The geometry of a mesh: the vertices of its pool, and one primitive set for each of its primitives. Null for a mesh
 /// without a pool. Indices that lead out of the pool are left out with the primitive that has them.
-osg::ref_ptr<osg::Geometry> meshGeometry(const fltapi::MeshRecord& mesh, const FacePlace& place, const FaceState& state,
-                                         FaceTranslator& translator);
+osg::ref_ptr<MeshGeometry> meshGeometry(const fltapi::MeshRecord& mesh, const FacePlace& place, const FaceState& state,
+                                        FaceTranslator& translator, const ViewportTable& viewports);
 
 } // namespace nalt

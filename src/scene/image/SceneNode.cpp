@@ -12,8 +12,6 @@ namespace {
 using namespace fltapi;
 using Shape = SceneNode::Shape;
 
-constexpr const char* replicationName = "replication";
-
 Shape shapeFor(const PrimNodeRecord& record)
 {
   const bool hasMatrix = record.findChild<MatrixRecord>();
@@ -139,7 +137,7 @@ void SceneNode::setMatrices()
   for (unsigned i = 1; i <= count; ++i, matrix = matrix * step) {
     if (i == top->getNumChildren()) {
       osg::ref_ptr<osg::MatrixTransform> copy = new osg::MatrixTransform;
-      copy->setName(replicationName);
+      copy->setName(SceneNode::replicationName);
       copy->addChild(content);
       top->addChild(copy);
     }

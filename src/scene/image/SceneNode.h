@@ -38,6 +38,9 @@ private:
 struct SceneNode {
   enum class Shape : std::uint8_t { group, transform, switchNode, switchInTransform, replicated, leaf };
 
+  /// Name of the nodes that show a replicated group again.
+  static constexpr const char* replicationName = "replication";
+
   osg::ref_ptr<fltapi::PrimNodeRecord> record;
   osg::ref_ptr<osg::Group> top;     ///< hangs below the parent's content
   osg::ref_ptr<osg::Group> content; ///< takes the children

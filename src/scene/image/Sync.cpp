@@ -2,6 +2,7 @@
 
 #include "fltapi/AllRecords.h"
 #include "scene/image/RemoveVisitor.h"
+#include "scene/image/ShrinkVisitor.h"
 #include "scene/image/TranslateVisitor.h"
 
 #include <algorithm>
@@ -133,8 +134,18 @@ void Sync::removeOne(Record& record)
   node->accept(visitor);
 }
 
+void Sync::setShrinkingBits(std::uint32_t bits)
+{
+  const auto former = viewports_->shrinkingBits();
+  viewports_->setShrinkingBits(bits);
+  if ((bits != 0) == (former != 0)) return;
+  ShrinkVisitor visitor(bits != 0);
+  root_->accept(visitor);
+}
+
 void Sync::finish()
 {
+  ++revision_;
   faces_.flush();
   if (lodsChanged_) refreshLods();
   const auto switches = std::exchange(waitingSwitches_, {});

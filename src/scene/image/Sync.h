@@ -127,6 +127,14 @@ public:
   bool showsAllLods() const { return allLods_; }
   void setShowsAllLods(bool all);
 
+  // ---- what viewports do with the image -----------------------------------------------------------------------------
+
+  /// In the viewports of these bits every polygon is drawn a little smaller, so that neighbours can be told apart.
+  void setShrinkingBits(std::uint32_t bits);
+  std::uint32_t shrinkingBits() const { return viewports_->shrinkingBits(); }
+  /// Another number after each change of what is shown. Who makes something of the image looks whether it is due again.
+  std::uint64_t revision() const { return revision_; }
+
 private:
   friend class TranslateVisitor;
   friend class RemoveVisitor;
@@ -170,6 +178,7 @@ private:
   // Nodes that wait for the end of the call.
   std::unordered_map<std::uint32_t, const fltapi::SwitchRecord*> waitingSwitches_;
   bool lodsChanged_ = false;
+  std::uint64_t revision_ = 0;
 
   std::uint32_t viewportBits_ = ~0U;
   LodStates lodStates_;

@@ -54,6 +54,7 @@ const SwitchRecord* switchAbove(const PrimNodeRecord& record)
 
 void Sync::setNodeMask(const PrimNodeRecord& record, std::uint32_t mask)
 {
+  ++revision_;
   if (isHidden(record)) mask = 0;
   if (record.holdsSubfaces()) {
     const auto* above = switchAbove(record);
@@ -115,6 +116,7 @@ void Sync::refreshLods()
 
 void Sync::setLodState(int state)
 {
+  ++revision_;
   lodState_ = std::clamp(state, 0, std::max(stateCount() - 1, 0));
   for (const auto& [serial, lod] : lods_)
     setNodeMask(*lod, ModUserData::nodeMaskOf(*lod));

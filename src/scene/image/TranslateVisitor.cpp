@@ -168,7 +168,7 @@ void TranslateVisitor::apply(MeshRecord& record)
   if (!holder) return;
   const auto place = FacePlace::of(record);
   auto& state = sync_.stateSets_.find(sync_.translator_.keyOf(record, place), record.file());
-  const auto geometry = meshGeometry(record, place, state, sync_.translator_);
+  const auto geometry = meshGeometry(record, place, state, sync_.translator_, *sync_.viewports_);
 
   auto& node = sync_.nodes_[record.serial()];
   if (!node.top) node = SceneNode::makeLeaf(record, new NaltGeode);

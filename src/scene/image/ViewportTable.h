@@ -18,6 +18,11 @@ public:
   /// All bits for a context that never culled this scene.
   std::uint32_t bitsOf(unsigned contextId) const { return contextId < bits_.size() ? bits_[contextId] : allBits; }
 
+  /// The viewports, by their bits, that show polygons shrunk.
+  std::uint32_t shrinkingBits() const { return shrinkingBits_; }
+  void setShrinkingBits(std::uint32_t bits) { shrinkingBits_ = bits; }
+  bool shrinksIn(unsigned contextId) const { return bitsOf(contextId) & shrinkingBits_; }
+
   static constexpr std::uint32_t allBits = ~0U;
 
 protected:
@@ -25,6 +30,7 @@ protected:
 
 private:
   std::vector<std::uint32_t> bits_;
+  std::uint32_t shrinkingBits_ = 0;
 };
 
 } // namespace nalt

@@ -1,4 +1,5 @@
 #include "tests/scene/image/LogCapture.h"
+#include "tests/scene/image/MeshBuilder.h"
 #include "tests/scene/image/OffscreenView.h"
 #include "tests/scene/image/SyncFixture.h"
 
@@ -16,29 +17,13 @@ class Meshes : public SyncFixture {
 protected:
   MeshRecord& mesh = build.add<MeshRecord>(object);
 
-  /// A pool with positions and packed colors.
   void setPool(const std::vector<osg::Vec3d>& positions, PackedColor color = red)
   {
-    auto& pool = build.add<Pool>(mesh);
-    constexpr std::uint32_t mask = Pool::position | Pool::rgbaColor;
-    pool.resize(12 + Pool::stride(mask) * positions.size());
-    pool.set(Pool::fields.vertexCount, static_cast<std::uint32_t>(positions.size()));
-    pool.set(Pool::fields.attributeMask, mask);
-    for (int i = 0; i < static_cast<int>(positions.size()); ++i) {
-      FieldTraits<osg::Vec3d>::store(pool.data() + pool.offsetOf(i, Pool::position),
-                                     positions[static_cast<std::size_t>(i)]);
-      storeAt(pool.data() + pool.offsetOf(i, Pool::rgbaColor), color);
-    }
+    tests::setPool(build, mesh, positions, color);
   }
   void addPrimitive(int type, const std::vector<std::uint32_t>& indices)
   {
-    auto& primitive = build.add<MeshPrimitiveRecord>(mesh);
-    primitive.resize(12 + 4 * indices.size());
-    primitive.set(MeshPrimitiveRecord::fields.type, static_cast<std::int16_t>(type));
-    primitive.set(MeshPrimitiveRecord::fields.indexSize, std::int16_t{4});
-    primitive.set(MeshPrimitiveRecord::fields.vertexCount, static_cast<std::uint32_t>(indices.size()));
-    for (std::size_t i = 0; i < indices.size(); ++i)
-      storeAt(primitive.data() + 12 + 4 * i, indices[i]);
+    tests::addPrimitive(build, mesh, type, indices);
   }
   const osg::Geometry& shown() { return *sync().meshGeodeOf(mesh)->getDrawable(0)->asGeometry(); }
   std::vector<GLenum> modes()
