@@ -10,6 +10,7 @@
 #include "core/Model.h"
 #include "core/ModelGroup.h"
 #include "core/Preferences.h"
+#include "core/Tool.h"
 #include "fltapi/FltFile.h"
 #include "scene/view/ViewportLayout.h"
 
@@ -126,6 +127,7 @@ void Gui::setCurrentModel(Model& model)
 void Gui::showModel(Model* model)
 {
   if (model != current_) toolPointsCleared();
+  if (current_ && current_ != model) current_->setTool(nullptr);
   current_ = model;
   if (headless_) return;
   followSelection(model);
@@ -372,6 +374,26 @@ void Gui::takeSwitches(Model& model) const
   switches.gizmos = Preferences::get().showGizmos;
   switches.snapToGrid = snapsToGrid_;
   model.setSwitches(switches);
+}
+
+void Gui::toolChanged(Model& model)
+{
+  if (&model == current_) updateWidgets();
+}
+
+void Gui::showAttributes(Model&, const Selection& picked)
+{
+  const auto names = picked.names();
+  const std::string what = names.size() == 1 ? *names.begin() : std::to_string(names.size()) + " elements";
+  setStatusLine("Selected " + what + "; attribute panels are not in this version.");
+}
+
+void Gui::setTool(std::unique_ptr<Tool> tool)
+{
+  if (current_)
+    current_->setTool(std::move(tool));
+  else
+    updateWidgets();
 }
 
 void Gui::setSplash(std::unique_ptr<Splash> splash)

@@ -18,6 +18,7 @@ namespace nalt {
 
 class ProgressWindow;
 class Splash;
+class Tool;
 
 /// The controller behind the main window, and the program's shell. The open models are the pages of the tabs. Without a
 /// display ("headless") it does the same with no window. Its widgets must exist before it, and it goes before them.
@@ -74,6 +75,8 @@ public:
   void toolPointGiven(const osg::Vec3d& point) override;
   void toolPointMoved(const osg::Vec3d& point) override;
   void toolPointsCleared() override;
+  void toolChanged(Model& model) override;
+  void showAttributes(Model& model, const Selection& picked) override;
   void openDropped(const std::string& lines) override;
 
   // What menus and buttons call
@@ -91,7 +94,10 @@ public:
 
   /// What a click in a viewport selects, 1 for vertices; the table of the tool bar has the numbers.
   int selectionMode() const { return selectionMode_; }
+  SelectionMode pickMode() const override { return static_cast<SelectionMode>(selectionMode_); }
   void setSelectionMode(int number);
+  /// Makes `tool` current in the current model; without one it goes away at once, and the buttons go up.
+  void setTool(std::unique_ptr<Tool> tool);
 
   /// Whether points that the user gives jump to the grid, in all models.
   bool snapsToGrid() const { return snapsToGrid_; }

@@ -3,6 +3,7 @@
 #include "core/DefaultColors.h"
 #include "core/Shell.h"
 #include "core/TabLabel.h"
+#include "core/Tool.h"
 #include "fltapi/FltFile.h"
 #include "fltapi/nodes/HeaderRecord.h"
 #include "fltapi/palettes/ColorPaletteRecord.h"
@@ -62,6 +63,8 @@ Model::Model(int x, int y, int w, int h) : Fl_Tile((NoCurrentGroup(), x), y, w, 
 Model::~Model()
 {
   removeAllViewports(/*destroy=*/true);
+  endTool(); // a tool may hand over a last command
+  commandStack_.clear();
 }
 
 bool Model::createEmpty()
@@ -141,9 +144,40 @@ void Model::checkParent()
   setCurrentParent(header);
 }
 
+bool Model::setTool(std::unique_ptr<Tool> tool)
+{
+  Shell::get().toolPointsCleared();
+  endTool();
+  if (tool && tool->writesRecords() && selections_.containsExternal()) {
+    Shell::get().warning("Can't modify externally referenced geometry.");
+    tool.reset();
+  }
+  tool_ = std::move(tool);
+  if (tool_) {
+    tool_->setModel(this);
+    extras_->addChild(&tool_->sceneGroup());
+    if (!selections_.empty()) tool_->selectionChanged();
+    if (!Shell::get().quiet()) Shell::get().setStatusLine(tool_->statusText());
+  }
+  Shell::get().toolChanged(*this);
+  redrawViewports();
+  return tool_ != nullptr;
+}
+
+void Model::endTool()
+{
+  if (!tool_) return;
+  tool_->setReleased(true);
+  extras_->removeChild(&tool_->sceneGroup());
+  // While it goes the model has none any more, whatever the tool still does.
+  const auto ending = std::move(tool_);
+  if (!Shell::get().quiet()) Shell::get().setStatusLine("");
+}
+
 void Model::followHistory()
 {
   checkParent();
+  if (tool_) tool_->refresh();
   redrawViewports();
 }
 

@@ -22,6 +22,8 @@ class FltFile;
 
 namespace nalt {
 
+class Tool;
+
 /// Switches of the View menu that every viewport of a model follows.
 struct DisplaySwitches {
   bool gizmos = true;
@@ -53,6 +55,9 @@ public:
   osg::Group* sceneRoot();
   /// The same image while there is one, else null: edits tell it what they changed.
   Sync* sync() { return sync_.get(); }
+  /// What is drawn beside the document, once in each viewport, and is no part of it: gizmos and highlights. Clicks that
+  /// select pass through it.
+  osg::Group* sceneExtras() { return extras_.get(); }
 
   const std::string& path() const { return path_; }
   void setPath(std::string path);
@@ -93,6 +98,12 @@ public:
   /// After an edit that can take nodes away: a parent that is no longer in the tree gives way to the header.
   void checkParent();
 
+  /// Null while no tool is active.
+  Tool* tool() const { return tool_.get(); }
+  /// Ends the current tool and makes `tool` current; null ends only. False when no tool is current afterwards: one that
+  /// writes to records refuses, after a message, to start on what belongs to an external reference.
+  bool setTool(std::unique_ptr<Tool> tool);
+
   PaletteIndices& paletteIndices() { return paletteIndices_; }
   /// Brings what depends on the edits up to date after one was undone or redone.
   void followHistory();
@@ -105,8 +116,11 @@ public:
   void resize(int x, int y, int w, int h) override;
 
 private:
+  void endTool();
+
   osg::ref_ptr<fltapi::FltFile> file_;
   std::unique_ptr<Sync> sync_;
+  osg::ref_ptr<osg::Group> extras_ = new osg::Group;
   std::string path_;
   bool dirty_ = false;
   bool new_ = false;
@@ -118,6 +132,7 @@ private:
   PaletteIndices paletteIndices_{*this};
   SelectionSet selections_{*this};
   CommandStack commandStack_{*this};
+  std::unique_ptr<Tool> tool_;
 };
 
 /// Draws a label as it is: a file name may hold the "@" and "&" that FLTK would take for symbols and shortcuts.

@@ -10,6 +10,8 @@ public:
   virtual ~ScriptRecorder() = default;
 
   virtual bool recording() const = 0;
+  /// Whether selections that the user makes by hand are recorded, too.
+  virtual bool implicitSelections() const { return recording(); }
   virtual int lineCount() const = 0;
   virtual void appendComment(const std::string& text) = 0;
   virtual void appendScript(const std::string& text) = 0;

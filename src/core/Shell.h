@@ -1,6 +1,9 @@
 #pragma once
 
+#include "core/selection/SelectionMode.h"
+
 #include <cstdint>
+#include <osg/Vec3d>
 #include <string>
 #include <vector>
 
@@ -13,6 +16,7 @@ namespace nalt {
 class MacroCommand;
 class Model;
 class ScriptRecorder;
+class Selection;
 
 /// What a message is about, so that the user can switch it off. `none` can't be switched off.
 enum class MessageId : std::uint32_t { none = 0, saveVersion = 7 };
@@ -65,6 +69,11 @@ public:
   /// Asks about unsaved changes first (in a quiet run the preset answer counts). False when the user keeps the model.
   virtual bool closeModel() = 0;
 
+  /// The user wants to see the attributes of what was picked in `model`.
+  virtual void showAttributes(Model& /*model*/, const Selection& /*picked*/) {}
+  /// What a click in a viewport selects.
+  virtual SelectionMode pickMode() const { return SelectionMode::vertex; }
+
   // What the core tells the shell so that the window can follow; a shell without a window needs none of it.
   /// Path, tab label or dirty state of `model` changed.
   virtual void documentChanged(Model& /*model*/) {}
@@ -72,6 +81,8 @@ public:
   /// What can be undone or redone in `model` changed.
   virtual void historyChanged(Model& /*model*/) {}
   virtual void selectionChanged(Model& /*model*/) {}
+  /// Another tool of `model` is current, or none.
+  virtual void toolChanged(Model& /*model*/) {}
   /// New nodes of `model` go to another place.
   virtual void parentChanged(Model& /*model*/) {}
   /// Another palette entry of `model` is the current one.

@@ -1,12 +1,17 @@
 #include "core/selection/SelectionSet.h"
 
+#include "core/LuaText.h"
 #include "core/Model.h"
 #include "core/ScriptRecorder.h"
 #include "core/Shell.h"
+#include "core/Tool.h"
 #include "core/WaitCursor.h"
 #include "core/selection/Collect.h"
+#include "core/selection/RecordedChange.h"
 #include "core/selection/SelectionCommand.h"
 #include "platform/Memory.h"
+
+#include <algorithm>
 
 namespace nalt {
 
@@ -57,10 +62,27 @@ std::vector<std::string> SelectionSet::names() const
   return all;
 }
 
+bool SelectionSet::containsExternal() const
+{
+  return std::ranges::any_of(current_.families(), [](const auto& family) { return family.second->containsExternal(); });
+}
+
 // ---- changing --------------------------------------------------------------------------------------------------
+
+bool SelectionSet::toolRefuses(const Selection& selection) const
+{
+  auto* tool = model_.tool();
+  if (!tool || !tool->writesRecords() || !selection.containsExternal()) return false;
+  Shell::get().warning("Can't modify externally referenced geometry.");
+  tool->selectionChanged();
+  return true;
+}
 
 void SelectionSet::select(Selections selections, const SelectionChange& change)
 {
+  for (const auto& [mode, selection] : selections.families()) {
+    if (toolRefuses(*selection)) return;
+  }
   const WaitCursor cursor;
   previous_ = current_;
   Selections before = std::move(current_);
@@ -100,6 +122,7 @@ bool SelectionSet::add(const Selection& selection, const SelectionChange& change
     return false;
   }
   const WaitCursor cursor;
+  if (toolRefuses(selection)) return false;
   auto joining = withoutRelatives(selection);
   if (joining->empty()) {
     Shell::get().warning("Recursive selection is not allowed.");
@@ -132,6 +155,7 @@ bool SelectionSet::remove(const Selection& selection, const SelectionChange& cha
 bool SelectionSet::toggle(const Selection& selection, const SelectionChange& change)
 {
   const WaitCursor cursor;
+  if (toolRefuses(selection)) return false;
   Selections removed;
   Selections added;
   auto joining = selection.clone();
@@ -171,14 +195,30 @@ void SelectionSet::selectPrevious(const SelectionChange& change)
   select(Selections(previous_), change);
 }
 
+/// The line of a change by hand stands on its own, so that it can be run again after whatever else was selected.
+SelectionChange SelectionSet::asRecorded(const SelectionChange& change) const
+{
+  if (!change.byHand) return change;
+  const auto* recorder = Shell::get().scriptRecorder();
+  if (!recorder || !recorder->recording() || !recorder->implicitSelections()) return {};
+  std::string arguments;
+  for (const auto& name : names())
+    arguments += luaText(name) + ", ";
+  auto recorded = recordedChange("selectByName", "nalt.selectByName(" + arguments + "true, false)", change.undoable);
+  recorded.byHand = true;
+  return recorded;
+}
+
 void SelectionSet::finish(Selections removed, Selections added, const SelectionChange& change)
 {
   const auto pivotBefore = pivot_;
   if (change.updatePivot) pivot_.isStale = true;
   tellListeners();
   if (!change.undoable) return;
+  const auto recorded = asRecorded(change);
+  const bool recordsEmpty = current_.empty() && (!change.byHand || recorded.byHand);
   model_.commandStack().add(std::make_unique<SelectionCommand>(model_, std::move(removed), std::move(added),
-                                                               pivotBefore, pivot_, current_.empty(), change));
+                                                               pivotBefore, pivot_, recordsEmpty, recorded));
 }
 
 void SelectionSet::exchange(const Selections& leaving, const Selections& joining, const PivotState& pivot)
@@ -195,6 +235,7 @@ void SelectionSet::tellListeners()
 {
   for (auto* listener : listeners)
     listener->selectionChanged(!current_.empty());
+  if (auto* tool = model_.tool()) tool->selectionChanged();
   Shell::get().selectionChanged(model_);
   model_.redrawViewports();
 }

@@ -62,6 +62,8 @@ struct SelectionChange {
   bool updatePivot = true;
   std::string script; ///< empty: nothing of its own is recorded
   std::string comment;
+  /// Recorded, where the user wants that of selections by hand, as the names of all that is selected afterwards.
+  bool byHand = false;
 };
 
 /// Where the pivot is. A stale one is worked out from the selection when it is asked for.
@@ -79,8 +81,13 @@ public:
   bool empty() const { return current_.empty(); }
   std::size_t size() const { return current_.size(); }
   std::size_t size(SelectionMode mode) const;
+  /// Whether anything selected belongs to an external reference and so must not be changed.
+  bool containsExternal() const;
   /// Of all elements: the families by mode, in byte order within one. Each name once for each family.
   std::vector<std::string> names() const;
+
+  // While a tool is current that writes to records, nothing that belongs to an external reference can join: a message
+  // says so, and the selection stays as it was.
 
   /// Replaces the selection; the old one becomes the previous one.
   void select(Selections selections, const SelectionChange& change = {});
@@ -116,7 +123,9 @@ public:
   void exchange(const Selections& leaving, const Selections& joining, const PivotState& pivot);
 
 private:
+  bool toolRefuses(const Selection& selection) const;
   std::unique_ptr<Selection> withoutRelatives(const Selection& selection) const;
+  SelectionChange asRecorded(const SelectionChange& change) const;
   void finish(Selections removed, Selections added, const SelectionChange& change);
   void tellListeners();
 

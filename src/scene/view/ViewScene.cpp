@@ -108,6 +108,14 @@ void ViewScene::setModel(osg::Node* model)
   model_ = model;
 }
 
+void ViewScene::setExtras(osg::Node* extras)
+{
+  if (extras == extras_) return;
+  root_->removeChild(extras_.get());
+  if (extras) root_->addChild(extras);
+  extras_ = extras;
+}
+
 void ViewScene::apply(const ViewStyle& style)
 {
   polygons_->setNodeMask(style.appearance == Appearance::wireframe ? hidden : shown);

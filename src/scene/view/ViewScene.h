@@ -40,6 +40,8 @@ public:
   osg::Node* model() const { return model_.get(); }
   /// Shows `model` in place of the one before; null shows nothing.
   void setModel(osg::Node* model);
+  /// Draws `extras` beside the model, in its own way; null for nothing.
+  void setExtras(osg::Node* extras);
 
   void apply(const ViewStyle& style);
   void apply(const ViewportPreferences& preferences);
@@ -63,6 +65,7 @@ private:
   osg::ref_ptr<osg::Point> innerPoint_ = new osg::Point;
   GridNodes grid_;
   osg::ref_ptr<osg::Node> model_;
+  osg::ref_ptr<osg::Node> extras_;
 };
 
 } // namespace nalt

@@ -101,6 +101,7 @@ void Viewport::bind(Model& model, std::uint32_t bit)
   traversalMask_ = bit;
   sceneView_->setCullMask(bit);
   setModelNode(model.sceneRoot());
+  scene_.setExtras(model.sceneExtras());
   ViewStyle style = style_;
   style.textureLayers = model.switches().textureLayers;
   setStyle(style);
@@ -111,6 +112,7 @@ void Viewport::unbind()
   model_ = nullptr;
   active_ = false;
   scene_.setModel(nullptr);
+  scene_.setExtras(nullptr);
   camera_ = new ModManipulator(nullptr);
   camera_->setProjectionTarget(&sceneView_->getProjectionMatrix());
 }
