@@ -93,7 +93,7 @@ bool FileOperations::revert(bool synchronous)
 {
   waitUntilIdle();
   Model* model = gui_.currentModel();
-  if (!model || model->isNew()) return false;
+  if (!model) return false;
   if (!exists(model->path())) {
     gui_.warning("Can't revert " + model->path() + " since the file doesn't exist anymore.");
     return false;

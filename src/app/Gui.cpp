@@ -219,6 +219,11 @@ bool Gui::saveModelAs(const std::string& path, int version, bool synchronous)
   return files_.mayOverwrite(full) && files_.save(*current_, full, version, synchronous);
 }
 
+bool Gui::revertModel(bool synchronous)
+{
+  return files_.revert(synchronous);
+}
+
 void Gui::save()
 {
   if (!current_) return;

@@ -66,6 +66,7 @@ public:
   bool openModel(const std::string& path, bool synchronous) override;
   bool saveModel(int version, bool synchronous) override;
   bool saveModelAs(const std::string& path, int version, bool synchronous) override;
+  bool revertModel(bool synchronous) override;
   bool closeModel() override;
   void documentChanged(Model& model) override;
   void activeViewportChanged(Model& model) override;

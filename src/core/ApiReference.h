@@ -104,6 +104,9 @@ struct ApiFunction {
   /// before it. Empty where Lua's own errors are enough.
   std::string_view groupError = {};
 
+  /// Raised when no script runs; empty where the call then just gives its neutral result.
+  std::string_view noRunError = {};
+
   /// What stands behind the opening bracket in documents, if it isn't the names of the arguments.
   std::string_view signature = {};
   /// What recorded comments call the function, if not by its name.

@@ -66,6 +66,8 @@ public:
   virtual bool openModel(const std::string& path, bool synchronous) = 0;
   virtual bool saveModel(int version, bool synchronous) = 0;
   virtual bool saveModelAs(const std::string& path, int version, bool synchronous) = 0;
+  /// Loads the current model anew from its file, after asking. It is another Model then.
+  virtual bool revertModel(bool /*synchronous*/) { return false; }
   /// Asks about unsaved changes first (in a quiet run the preset answer counts). False when the user keeps the model.
   virtual bool closeModel() = 0;
 

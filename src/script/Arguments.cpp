@@ -1,25 +1,15 @@
 #include "script/Arguments.h"
 
 #include "platform/LetterCase.h"
+#include "script/LuaError.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <lua.hpp>
 #include <string>
 
 namespace nalt {
 
 namespace {
-
-/// The error is thrown from here, where no object is alive.
-[[noreturn]] void raise(lua_State* lua, std::string_view text)
-{
-  luaL_where(lua, 1);
-  lua_pushlstring(lua, text.data(), text.size());
-  lua_concat(lua, 2);
-  lua_error(lua);
-  std::abort(); // lua_error doesn't come back
-}
 
 bool isText(lua_State* lua, int position)
 {
@@ -140,7 +130,7 @@ void Arguments::checkCount() const
       good = given == required || given == std::ssize(form_->arguments); // the optional ones come all together
     }
   }
-  if (!good) raise(lua_, function_.countError);
+  if (!good) raiseError(lua_, function_.countError);
 }
 
 void Arguments::checkList(std::span<const ApiArgument> list, int before) const
@@ -164,7 +154,7 @@ void Arguments::checkOne(const ApiArgument& argument, int position) const
   case ApiType::integer: {
     const auto number = luaL_checknumber(lua_, position);
     const bool inRange = number > -1 && number < argument.maximum + 1.0; // once it is cut off toward zero
-    if (argument.maximum >= 0 && !inRange) raise(lua_, argument.error);
+    if (argument.maximum >= 0 && !inRange) raiseError(lua_, argument.error);
     return;
   }
   case ApiType::number:
@@ -173,7 +163,7 @@ void Arguments::checkOne(const ApiArgument& argument, int position) const
   case ApiType::text:
   case ApiType::file: {
     const char* text = luaL_checkstring(lua_, position);
-    if (argument.choices && !isOneOf(*argument.choices, text)) raise(lua_, argument.error);
+    if (argument.choices && !isOneOf(*argument.choices, text)) raiseError(lua_, argument.error);
     return;
   }
   case ApiType::function:
@@ -214,7 +204,7 @@ void Arguments::checkGroupMember(const ApiArgument& argument, int position) cons
   }
   const char* name = position > 1 ? lua_tostring(lua_, position - 1) : nullptr;
   pushFilledIn(lua_, function_.groupError, position, name ? name : "");
-  raise(lua_, lua_tostring(lua_, -1));
+  raiseError(lua_, lua_tostring(lua_, -1));
 }
 
 } // namespace nalt

@@ -2,7 +2,9 @@
 
 #include "core/Shell.h"
 #include "script/Call.h"
+#include "script/LuaError.h"
 #include "script/ScriptRun.h"
+#include "script/bindings/CurrentEntryBindings.h"
 #include "script/bindings/HierarchyBindings.h"
 #include "script/bindings/ModelBindings.h"
 #include "script/bindings/SelectionBindings.h"
@@ -10,6 +12,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <exception>
 #include <lua.hpp>
 #include <map>
 
@@ -28,8 +31,9 @@ std::map<std::string_view, Entry> makeEntries()
   std::map<std::string_view, Entry> entries;
   for (const auto& function : ApiReference::functions())
     if (function.aliasOf.empty()) entries[function.name] = {&function, nullptr};
-  for (const auto family : {bindings::modelBindings(), bindings::selectionBindings(), bindings::traverseBindings(),
-                            bindings::hierarchyBindings(), bindings::serviceBindings()}) {
+  for (const auto family :
+       {bindings::modelBindings(), bindings::selectionBindings(), bindings::traverseBindings(),
+        bindings::hierarchyBindings(), bindings::currentEntryBindings(), bindings::serviceBindings()}) {
     for (const auto& binding : family) {
       const auto found = entries.find(binding.name);
       if (found == entries.end()) std::abort(); // a binding of a function that the reference doesn't have
@@ -51,16 +55,28 @@ int notImplemented(const Call& call, std::string_view name)
   return call.giveNeutral();
 }
 
-int callFunction(lua_State* lua)
+int work(lua_State* lua, const Entry& entry)
 {
-  const auto& entry = *static_cast<const Entry*>(lua_touserdata(lua, lua_upvalueindex(1)));
   auto* run = ScriptRun::active();
+  if (!run && !entry.function->noRunError.empty()) raiseError(lua, entry.function->noRunError);
   if (!run || (entry.function->needs == ApiNeeds::model && !run->currentModel()))
     return pushNeutral(lua, *entry.function, lua_gettop(lua));
   Call call(lua, *entry.function, *run);
   call.arguments().check();
   Shell::get().setPresetAnswer(Answer::yes);
   return entry.binding ? entry.binding->work(call) : notImplemented(call, entry.function->name);
+}
+
+/// What goes wrong in the program itself, such as no memory being left, is an error that the script can catch.
+int callFunction(lua_State* lua)
+{
+  std::string text;
+  try {
+    return work(lua, *static_cast<const Entry*>(lua_touserdata(lua, lua_upvalueindex(1))));
+  } catch (const std::exception& failure) {
+    text = failure.what();
+  }
+  raiseError(lua, text);
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "script/Call.h"
 
 #include "platform/Paths.h"
+#include "script/LuaError.h"
 #include "script/ScriptRun.h"
 
 #include <algorithm>
@@ -171,6 +172,11 @@ int Call::give(const std::vector<std::string>& texts) const
 int Call::giveNeutral() const
 {
   return pushNeutral(lua_, function_, lua_gettop(lua_));
+}
+
+void Call::raise(std::string_view text) const
+{
+  raiseError(lua_, text);
 }
 
 } // namespace nalt

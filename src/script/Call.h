@@ -53,6 +53,9 @@ public:
   /// What the function gives when there is nothing that it could work on.
   int giveNeutral() const;
 
+  /// Ends the call with a Lua error.
+  [[noreturn]] void raise(std::string_view text) const;
+
 private:
   int giveBoolean(bool value) const;
   int giveNumber(double value) const;

@@ -22,10 +22,18 @@ std::function<void(const std::string&)>& outputPane()
 
 ScriptRun* ScriptRun::active_ = nullptr;
 
+ScriptRun::Activation::Activation(ScriptRun& run) : run_(run), before_(active_)
+{
+  if (before_) run.depth_ = before_->depth_ + 1;
+  active_ = &run;
+}
+
 ScriptRun::Activation::~Activation()
 {
   active_ = before_;
-  if (before_) before_->takeOpenModels();
+  if (!before_) return;
+  before_->takeOpenModels();
+  before_->switchedModels_ |= run_.switchedModels_;
 }
 
 ScriptRun::ScriptRun(bool batch)
@@ -82,6 +90,7 @@ void ScriptRun::enter(Model& model)
 
 void ScriptRun::setCurrent(Model& model)
 {
+  switchedModels_ |= currentModel_ != &model;
   currentModel_ = &model;
   currentFilename_ = model.path();
   Shell::get().setCurrentModel(model);
@@ -95,8 +104,16 @@ void ScriptRun::rename()
   models_[currentFilename_] = currentModel_;
 }
 
+void ScriptRun::replaceCurrent()
+{
+  switchedModels_ = true;
+  currentModel_ = Shell::get().currentModel();
+  if (currentModel_) models_[currentFilename_] = currentModel_;
+}
+
 void ScriptRun::dropCurrent()
 {
+  switchedModels_ = true;
   models_.erase(currentFilename_);
   currentModel_ = Shell::get().currentModel();
   currentFilename_ = currentModel_ ? currentModel_->path() : std::string{};
@@ -105,6 +122,7 @@ void ScriptRun::dropCurrent()
 void ScriptRun::closeAll()
 {
   auto& shell = Shell::get();
+  switchedModels_ |= !models_.empty();
   std::map<std::string, Model*> kept; // a shell may refuse to close a model, which is then still there
   for (const auto& [filename, model] : models_) {
     shell.setCurrentModel(*model);

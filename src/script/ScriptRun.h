@@ -29,14 +29,17 @@ public:
   /// after it then knows the models as they are now.
   class Activation {
   public:
-    explicit Activation(ScriptRun& run) : before_(active_) { active_ = &run; }
+    explicit Activation(ScriptRun& run);
     Activation(const Activation&) = delete;
     Activation& operator=(const Activation&) = delete;
     ~Activation();
 
   private:
+    ScriptRun& run_;
     ScriptRun* before_;
   };
+  /// How many runs stand inside each other now, this one included; 1 for a run that nothing else started.
+  int depth() const { return depth_; }
 
   bool batch() const { return batch_; }
   /// Whether what the script does goes on the undo stack. Nobody could undo a batch run, nor a macro inside one.
@@ -58,6 +61,10 @@ public:
   /// The current model is gone; the window's current one, if any, takes its place.
   void dropCurrent();
   void setCurrent(Model& model);
+  /// The current model was loaded anew and is another object now.
+  void replaceCurrent();
+  /// Whether the run has turned to another model, or closed or reloaded one, at any time.
+  bool switchedModels() const { return switchedModels_; }
   /// Closes all models without saving. Then none is current.
   void closeAll();
 
@@ -80,6 +87,8 @@ private:
   bool wasQuiet_;
   bool wasBatch_;
   bool noLineFeed_;
+  bool switchedModels_ = false;
+  int depth_ = 1;
 };
 
 /// The function behind `print`; standard output when no script runs.

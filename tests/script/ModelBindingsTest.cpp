@@ -218,4 +218,31 @@ TEST_F(ModelBindings, IgnoreATolerancePeopleCantMean)
   EXPECT_EQ(printed("nalt.setTolerance(0) print(nalt.getTolerance())"), "0\n");
 }
 
+// ---- reverting ------------------------------------------------------------------------------------------------------
+
+TEST_F(ModelBindings, WorkOnTheModelThatARevertLoaded)
+{
+  shell.files = {"a.flt"};
+  shell.newModel("a.flt")->setDirty(true);
+  EXPECT_EQ(printed("print(nalt.revertModel(), nalt.isModelUnsaved(), nalt.getCurrentModelFilename())\n"
+                    "print(nalt.setCurrentModel('a.flt'))"),
+            "true false a.flt\ntrue\n");
+  EXPECT_THAT(shell.calls, testing::ElementsAre("revert a.flt"));
+}
+
+TEST_F(ModelBindings, KeepTheModelWhenARevertFails)
+{
+  shell.newModel("a.flt")->setDirty(true);
+  EXPECT_EQ(printed("print(nalt.revertModel(), nalt.isModelUnsaved(), nalt.getCurrentModelFilename())"),
+            "false true a.flt\n");
+}
+
+TEST_F(ModelBindings, RefuseToSaveUnderNoName)
+{
+  shell.newModel("a.flt");
+  EXPECT_EQ(printed("print(nalt.saveModelAs(''), nalt.getCurrentModelFilename())"), "false a.flt\n");
+  EXPECT_THAT(shell.messages, testing::ElementsAre("WARNING: Empty filename."));
+  EXPECT_TRUE(shell.calls.empty());
+}
+
 } // namespace nalt

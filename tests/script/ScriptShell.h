@@ -3,6 +3,7 @@
 #include "core/Model.h"
 #include "tests/core/RecordingShell.h"
 
+#include <algorithm>
 #include <memory>
 #include <set>
 #include <string>
@@ -58,6 +59,21 @@ public:
     saveAnswer = answer;
     if (!savesFail) current->setPath(path);
     return !savesFail;
+  }
+
+  bool revertModel(bool synchronous) override
+  {
+    calls.push_back("revert " + current->path() + (synchronous ? "" : " later"));
+    if (!files.contains(current->path())) return false;
+    auto old = current;
+    auto model = std::make_unique<Model>(0, 0, 10, 10);
+    model->createEmpty();
+    model->setPath(old->path());
+    current = model.get();
+    std::ranges::replace(models, old, current);
+    std::erase_if(owned_, [old](const auto& owned) { return owned.get() == old; });
+    owned_.push_back(std::move(model));
+    return true;
   }
 
   bool closeModel() override

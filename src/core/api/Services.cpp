@@ -28,6 +28,7 @@ constexpr ApiFunction functions[] = {
      .groupsNeeded = 0,
      .countError = "Invalid number of parameters to executeMacro.",
      .groupError = "Invalid parameter type to executeMacro.",
+     .noRunError = "Internal error.",
      .signature = "scriptFile, paramName1, paramValue1, ...)",
      .comment = "--\n"
                 "-- nalt.executeMacro(scriptFile, paramName1, paramValue1, ...)\n"

@@ -21,9 +21,10 @@ bool refuseSameName(const std::string& filename)
   return false;
 }
 
+/// No name stays none: saving says so.
 std::string withFltExtension(const std::string& filename)
 {
-  const bool has = filename.ends_with(".flt") || filename.ends_with(".FLT");
+  const bool has = filename.empty() || filename.ends_with(".flt") || filename.ends_with(".FLT");
   return has ? filename : filename + ".flt";
 }
 
@@ -55,6 +56,10 @@ bool open(ScriptRun& run, const std::string& filename)
 
 bool saveAs(ScriptRun& run, const std::string& filename, int version)
 {
+  if (filename.empty()) {
+    Shell::get().warning("Empty filename.");
+    return false;
+  }
   const auto* other = run.modelNamed(filename);
   if (other && other != run.currentModel()) return refuseSameName(filename);
   if (!Shell::get().saveModelAs(filename, version, /*synchronous=*/true)) return false;
@@ -88,6 +93,13 @@ int newModel(Call& call)
 int openModel(Call& call)
 {
   return call.give(open(call.run(), call.text("filename")));
+}
+
+int revertModel(Call& call)
+{
+  const bool reverted = Shell::get().revertModel(/*synchronous=*/true);
+  call.run().replaceCurrent(); // a failure puts the model back
+  return call.give(reverted);
 }
 
 int saveModel(Call& call)
@@ -139,6 +151,7 @@ constexpr Binding table[] = {
     {"getVersion", getVersion},
     {"newModel", newModel},
     {"openModel", openModel},
+    {"revertModel", revertModel},
     {"saveModel", saveModel},
     {"saveModelAs", saveModelAs},
     {"isModelUnsaved", isModelUnsaved},

@@ -1,11 +1,55 @@
 #include "script/bindings/ServiceBindings.h"
 
 #include "core/Preferences.h"
+#include "platform/Paths.h"
 #include "script/Call.h"
+#include "script/MacroRun.h"
+#include "script/ScriptRun.h"
+
+#include <lua.hpp>
 
 namespace nalt::bindings {
 
 namespace {
+
+/// Each run needs room on the stack for a Lua state of its own.
+constexpr int deepestRun = 100;
+
+MacroParameter parameterAt(lua_State* lua, int position)
+{
+  MacroParameter parameter;
+  parameter.name = lua_tostring(lua, position);
+  switch (lua_type(lua, position + 1)) {
+  case LUA_TBOOLEAN:
+    parameter.type = MacroParameter::Type::boolean;
+    parameter.booleanValue = lua_toboolean(lua, position + 1) != 0;
+    break;
+  case LUA_TNUMBER:
+    parameter.type = MacroParameter::Type::number;
+    parameter.numberValue = lua_tonumber(lua, position + 1);
+    break;
+  default:
+    parameter.type = MacroParameter::Type::string;
+    parameter.stringValue = lua_tostring(lua, position + 1);
+    break;
+  }
+  return parameter;
+}
+
+int executeMacro(Call& call)
+{
+  Macro macro;
+  macro.scriptFile = call.text("scriptFile");
+  macro.name = fileNamePart(macro.scriptFile);
+  constexpr int pair = 2;
+  for (int position = call.arguments().groupsBegin(); position < call.arguments().groupsEnd(); position += pair)
+    macro.parameters.push_back(parameterAt(call.lua(), position));
+
+  if (call.run().depth() >= deepestRun) call.raise("Macros call each other too deep.");
+  std::string errorText;
+  if (runMacro(macro, errorText)) return call.give(true);
+  call.raise(errorText.empty() ? "Macro " + macro.name + " failed." : errorText);
+}
 
 int getTolerance(Call& call)
 {
@@ -21,6 +65,7 @@ int setTolerance(Call& call)
 }
 
 constexpr Binding table[] = {
+    {"executeMacro", executeMacro},
     {"getTolerance", getTolerance},
     {"setTolerance", setTolerance},
 };
