@@ -5,8 +5,10 @@
 #include "script/LuaError.h"
 #include "script/ScriptRun.h"
 #include "script/bindings/CurrentEntryBindings.h"
+#include "script/bindings/GridBindings.h"
 #include "script/bindings/HierarchyBindings.h"
 #include "script/bindings/ModelBindings.h"
+#include "script/bindings/PivotBindings.h"
 #include "script/bindings/SelectionBindings.h"
 #include "script/bindings/ServiceBindings.h"
 
@@ -31,9 +33,9 @@ std::map<std::string_view, Entry> makeEntries()
   std::map<std::string_view, Entry> entries;
   for (const auto& function : ApiReference::functions())
     if (function.aliasOf.empty()) entries[function.name] = {&function, nullptr};
-  for (const auto family :
-       {bindings::modelBindings(), bindings::selectionBindings(), bindings::traverseBindings(),
-        bindings::hierarchyBindings(), bindings::currentEntryBindings(), bindings::serviceBindings()}) {
+  for (const auto family : {bindings::modelBindings(), bindings::selectionBindings(), bindings::traverseBindings(),
+                            bindings::hierarchyBindings(), bindings::currentEntryBindings(), bindings::gridBindings(),
+                            bindings::pivotBindings(), bindings::serviceBindings()}) {
     for (const auto& binding : family) {
       const auto found = entries.find(binding.name);
       if (found == entries.end()) std::abort(); // a binding of a function that the reference doesn't have

@@ -10,6 +10,7 @@
 #include <cstdlib>
 #include <limits>
 #include <lua.hpp>
+#include <osg/Vec3d>
 
 namespace nalt {
 
@@ -156,6 +157,13 @@ int Call::giveText(std::string_view value) const
 {
   lua_pushlstring(lua_, value.data(), value.size());
   return 1;
+}
+
+int Call::give(const osg::Vec3d& point) const
+{
+  for (int i = 0; i < 3; ++i)
+    lua_pushnumber(lua_, point[i]);
+  return 3;
 }
 
 int Call::give(const std::vector<std::string>& texts) const

@@ -8,6 +8,10 @@
 
 struct lua_State;
 
+namespace osg {
+class Vec3d;
+}
+
 namespace nalt {
 
 class Model;
@@ -48,6 +52,8 @@ public:
   int give(std::same_as<double> auto value) const { return giveNumber(value); }
   int give(const std::string& value) const { return giveText(value); }
   int give(const char* value) const { return giveText(value); }
+  /// Its three coordinates.
+  int give(const osg::Vec3d& point) const;
   /// A table with keys from 1.
   int give(const std::vector<std::string>& texts) const;
   /// What the function gives when there is nothing that it could work on.

@@ -278,8 +278,9 @@ TEST_F(ArgumentsTest, QueriesTakeAtLeastOneName)
 
 TEST_F(ArgumentsTest, MacrosTakePairsBehindTheFile)
 {
-  EXPECT_TRUE(accepted("nalt.executeMacro('m.lua')"));
-  EXPECT_TRUE(accepted("nalt.executeMacro('m.lua', 'a', 1, 'b', true, 'c', 'x')"));
+  const auto macro = "'" + script("", "m.lua") + "'";
+  EXPECT_TRUE(accepted("nalt.executeMacro(" + macro + ")"));
+  EXPECT_TRUE(accepted("nalt.executeMacro(" + macro + ", 'a', 1, 'b', true, 'c', 'x')"));
   for (const char* call : {"nalt.executeMacro()", "nalt.executeMacro('m.lua', 'a')"})
     EXPECT_EQ(errorOf(call), "Invalid number of parameters to executeMacro.");
   EXPECT_EQ(errorOf("nalt.executeMacro('m.lua', 'a', {})"), "Invalid parameter type to executeMacro.");

@@ -68,7 +68,8 @@ void append(std::string& list, std::span<const ApiArgument> arguments)
 }
 
 /// A call with every argument that the function can take, each good.
-std::string fullCall(const ApiFunction& row)
+/// @param script an existing file, for functions that run one
+std::string fullCall(const ApiFunction& row, const std::string& script)
 {
   const auto& function = ApiReference::resolve(row);
   std::string list;
@@ -76,7 +77,9 @@ std::string fullCall(const ApiFunction& row)
   if (!function.forms.empty() && function.formBy != ApiFormBy::order) append(list, function.forms.front().arguments);
   append(list, function.group);
   append(list, function.last);
-  return "nalt." + std::string(row.name) + "(" + list + ")";
+  auto call = "nalt." + std::string(row.name) + "(" + list + ")";
+  if (row.name == "executeMacro") call.replace(call.find("\"x\""), 3, '"' + script + '"');
+  return call;
 }
 
 std::vector<std::string> lines(const std::string& text)
@@ -160,6 +163,7 @@ TEST_F(BindingsTest, GiveNeutralResultsWhenNoScriptRuns)
   text += described;
   for (const auto& row : ApiReference::functions()) {
     const auto& function = ApiReference::resolve(row);
+    if (!function.noRunError.empty()) continue;
     text += "same(described(nalt." + std::string(row.name) + "()), '" + neutralTexts.at(function.result) + "')\n";
   }
   ScriptRun run(false);
@@ -172,13 +176,14 @@ TEST_F(BindingsTest, GiveNeutralResultsWhenNoScriptRuns)
 
 TEST_F(BindingsTest, CallEveryFunctionWithAllItsArguments)
 {
+  const auto macro = script("", "macro.lua");
   for (const auto& row : ApiReference::functions()) {
     const auto& function = ApiReference::resolve(row);
     SCOPED_TRACE(row.name);
     shell.messages.clear();
     shell.newModel("current.flt");
     const std::string notYet = "WARNING: Not implemented yet: nalt." + std::string(function.name);
-    const auto result = printed(described + ("print(described(" + fullCall(row) + "))"));
+    const auto result = printed(described + ("print(described(" + fullCall(row, macro) + "))"));
     if (std::ranges::count(shell.messages, notYet) == 0) continue;
     EXPECT_THAT(shell.messages, testing::ElementsAre(notYet)) << "once for each call";
     const auto neutral = function.result == ApiResult::valuePerName    ? "nil:nil"
@@ -200,7 +205,7 @@ TEST_F(BindingsTest, DoWhatTheyAreSaidToDo)
   for (const auto& name : done) {
     shell.messages.clear();
     shell.newModel("current.flt");
-    printed(fullCall(*ApiReference::find(name)));
+    printed(fullCall(*ApiReference::find(name), {}));
     EXPECT_THAT(shell.messages, testing::Not(testing::Contains(testing::HasSubstr("Not implemented yet")))) << name;
   }
 }

@@ -129,7 +129,7 @@ TEST_F(MacroRun, FailsByNameWhenTheErrorHasNoText)
 
 TEST_F(MacroRun, FailsForAMissingScript)
 {
-  EXPECT_EQ(errorOf("nalt.executeMacro('no/macro.lua')"), "cannot open no/macro.lua");
+  EXPECT_EQ(errorOf("nalt.executeMacro('no/macro.lua')"), "cannot open no/macro.lua: No such file or directory");
   EXPECT_TRUE(shell.openMacros.empty());
 }
 

@@ -1,50 +1,61 @@
--- Without a model functions give their neutral results, whatever their arguments are, and say nothing.
+-- Without a model every function gives its neutral result, whatever its arguments are, and says nothing.
 
-local function results(...)
-  local texts = {}
-  for i = 1, select("#", ...) do texts[i] = tostring((select(i, ...))) end
-  return table.concat(texts, " ")
+package.path = NALT_PATH_TO_SCRIPT .. "lib/?.lua;" .. package.path
+local check = require("check")
+local signatures = require("signatures")
+
+-- These need a run and no model.
+local alone = {
+  getVersion = true, newModel = true, openModel = true, importModel = true, setCurrentModel = true,
+  saveAllModels = true, closeAllModels = true, executeMacro = true, getTolerance = true, setTolerance = true,
+}
+
+local asked = 0
+local function checkAll()
+  for _, signature in ipairs(signatures) do
+    local call = nalt[signature.name]
+    if signature.aliasOf then
+      assert(call == nalt[signature.aliasOf], signature.name)
+    elseif not alone[signature.name] then
+      check.results(signature.neutral, call())
+      if signature.neutral == "" then
+        call({}, {}) -- one value for each name that is asked for; see below
+      else
+        check.results(signature.neutral, call({}, {}, {}))
+        check.results(signature.neutral, call(nil))
+      end
+      asked = asked + 1
+    end
+  end
 end
+checkAll()
+assert(asked == 235, asked)
 
-local function check(expected, ...)
-  local found = results(...)
-  if found ~= expected then error("'" .. found .. "' is not '" .. expected .. "'", 2) end
-end
+-- One value for each name.
+check.results("nil nil", nalt.getAttributes("a", "b"))
+check.results("nil", nalt.getTextureAttributes(0, "a"))
+check.results("nil nil nil", nalt.getLightPointAppearanceAttributes(0, "a", "b", "c"))
+check.results("", nalt.getLightPointAnimationAttributes(0))
+check.results("number:0 number:0", nalt.reportStatistics("a", "b"))
 
-check("false", nalt.saveModel())
-check("false", nalt.saveModelAs())
-check("false", nalt.revertModel())
-check("false", nalt.exportModel())
-check("false", nalt.isModelUnsaved())
-check("", nalt.closeModel())
-check("", nalt.getCurrentModelFilename())
-check("false", nalt.saveAllModels())
-check("", nalt.closeAllModels())
-check("", nalt.delete())
-check("", nalt.getParent())
-check("0", nalt.getNumSelectedPrimitives())
-check("0", nalt.getNumChildren())
-check("", nalt.traverse())
-check("false", nalt.move())
-check("", nalt.getTransformationMatrix())
-check("1 0 0 0 0 1 0 0 0 0 1 0 0 0 0 1", nalt.getAccumulatedTransformationMatrix())
-check("", nalt.createPolygon())
-check("nil nil", nalt.getAttributes("a", "b"))
-check("nil", nalt.getTextureAttributes(0, "a"))
-check("0 0", nalt.reportStatistics("a", "b"))
-check("-1", nalt.getCurrentSwitchMaskIndex())
-check("", nalt.getNumSwitchMasks())
-check("0 0 0", nalt.getPivot())
-check("-1", nalt.getCurrentColorRGB())
-check("0 0 0", nalt.getPaletteColor())
-check("-1", nalt.loadTexture())
-check("-1 -1", nalt.getTextureSize())
-check("0 0", nalt.getTextureMappingUV())
-check("0", nalt.getMaterialAlpha())
-assert(#nalt.getSelectionNames() == 0 and #nalt.getOpenGLShaderVertexPrograms() == 0)
+-- What needs no model.
+check.results("number:2.9", nalt.getVersion())
+check.results("boolean:false", nalt.setCurrentModel("none.flt"))
+check.results("boolean:false", nalt.saveAllModels())
+check.results("", nalt.closeAllModels())
+check.results("number:0.0001", nalt.getTolerance())
+check.results("", nalt.setTolerance(0.25))
+check.results("number:0.25", nalt.getTolerance())
+nalt.setTolerance(-1)
+nalt.setTolerance(0/0)
+check.results("number:0.25", nalt.getTolerance())
+nalt.setTolerance(0)
+check.results("number:0", nalt.getTolerance())
 
--- These need no model.
-check("0.0001", nalt.getTolerance())
-check("", nalt.setTolerance(0.25))
-check("0.25", nalt.getTolerance())
-check("false", nalt.setCurrentModel("none.flt"))
+-- The same when there was a model.
+assert(nalt.newModel("a.flt"))
+nalt.closeModel()
+checkAll()
+assert(nalt.newModel("a.flt"))
+nalt.closeAllModels()
+checkAll()

@@ -38,9 +38,11 @@ private:
     if (node.externalFile()) {
       if (!refused_) Shell::get().warning("Can't delete external records.");
       refused_ = true;
+    } else if (!node.parent()) {
+      return; // the header, or what an earlier deletion took out of the tree
     } else if (mode == SelectionMode::vertex) {
       addCorner(node, *vertex);
-    } else if (node.parent() && seen_.insert(&node).second) {
+    } else if (seen_.insert(&node).second) {
       nodes.emplace_back(&node);
     }
   }

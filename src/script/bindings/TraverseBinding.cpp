@@ -5,6 +5,7 @@
 #include "script/ScriptRun.h"
 #include "script/bindings/SelectionBindings.h"
 
+#include <algorithm>
 #include <array>
 #include <lua.hpp>
 #include <osg/ref_ptr>
@@ -128,9 +129,14 @@ bool Traversal::walkSelection()
     }
   }
   for (const auto mode : order) {
-    const auto* family = snapshot.find(mode);
+    const auto* family = static_cast<const NodeSelection*>(snapshot.find(mode));
     if (!family) continue;
-    for (const auto* element : static_cast<const NodeSelection*>(family)->ordered()) {
+    auto elements = family->ordered();
+    // The one mode with two kinds of nodes: the plain light points come before the indexed ones.
+    std::ranges::stable_partition(elements, [mode](const FltNode* element) {
+      return element->node->opcode() == infoOf(mode).opcode;
+    });
+    for (const auto* element : elements) {
       if (!walk(*element->node)) return false;
     }
   }
