@@ -127,7 +127,7 @@ nalt.traverse(function(kind)
   nalt.delete()
   return true
 end, nil)
-check.same("POLYGON OBJECT POLYGON VERTEX VERTEX VERTEX", table.concat(kinds, " "))
+check.same("POLYGON VERTEX VERTEX VERTEX OBJECT POLYGON VERTEX VERTEX VERTEX", table.concat(kinds, " "))
 check.results("boolean:false", nalt.selectByName("o2", "p5", "p4"))
 
 -- A walk inside a walk; each clears the selection in the end.
