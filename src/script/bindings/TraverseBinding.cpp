@@ -133,9 +133,8 @@ bool Traversal::walkSelection()
     if (!family) continue;
     auto elements = family->ordered();
     // The one mode with two kinds of nodes: the plain light points come before the indexed ones.
-    std::ranges::stable_partition(elements, [mode](const FltNode* element) {
-      return element->node->opcode() == infoOf(mode).opcode;
-    });
+    std::ranges::stable_partition(
+        elements, [mode](const FltNode* element) { return element->node->opcode() == infoOf(mode).opcode; });
     for (const auto* element : elements) {
       if (!walk(*element->node)) return false;
     }
