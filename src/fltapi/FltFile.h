@@ -20,6 +20,7 @@ class HeaderRecord;
 class InstanceDefinitionRecord;
 class InstanceReferenceRecord;
 class RecordReader;
+class VertexPaletteBreaker;
 class VertexPaletteRecord;
 
 /// One OpenFlight file: the record tree under its header and what belongs to the file as a whole. In memory a file is
@@ -139,8 +140,8 @@ private:
   /// The file whose palette counts for records of this one: itself, or the one that refers to it.
   const FltFile* paletteOwner(int opcode) const;
   void clear();
-  bool readRecords(const std::string& path);
-  void breakVertexPalette();
+  bool readRecords(const std::string& path, VertexPaletteBreaker& vertices);
+  void breakVertexPalette(VertexPaletteBreaker& vertices);
   void checkVersion() const;
   bool writeRecords(FileOutput& output) const;
   void raiseCounter(const std::string& name, const OpcodeInfo& info);

@@ -8,14 +8,14 @@
 
 namespace fltapi {
 
-bool FltFile::readRecords(const std::string& path)
+bool FltFile::readRecords(const std::string& path, VertexPaletteBreaker& vertices)
 {
   FileInput input(path);
   if (!input.isOpen()) {
     complain("Failed opening file " + path + " for reading.");
     return false;
   }
-  RecordReader reader(input, *this);
+  RecordReader reader(input, *this, vertices);
   const auto first = reader.next();
   if (!first || first->opcode() != opcodes::header) {
     complain("Failed creating header record while reading " + path + ".");
@@ -66,7 +66,8 @@ bool FltFile::load(const std::string& path)
   clear();
   path_ = path;
   reading_ = true;
-  if (!readRecords(path)) {
+  VertexPaletteBreaker vertices;
+  if (!readRecords(path, vertices)) {
     clear();
     return false;
   }
@@ -77,20 +78,19 @@ bool FltFile::load(const std::string& path)
     header_->set(HeaderRecord::fields.formatRevision, currentVersion);
   }
   readExternals();
-  breakVertexPalette();
+  breakVertexPalette(vertices);
   reading_ = false;
   return true;
 }
 
 /// From here on every polygon owns its corners.
-void FltFile::breakVertexPalette()
+void FltFile::breakVertexPalette(VertexPaletteBreaker& vertices)
 {
   auto* palette = vertexPalette();
   if (!palette) return;
-  VertexPaletteBreaker breaker(*header_);
-  breaker.breakBelow(*header_);
+  vertices.breakBelow(*header_);
   for (const auto& [number, definition] : instanceDefinitions_)
-    breaker.breakBelow(*definition);
+    vertices.breakBelow(*definition);
   palette->clear();
 }
 

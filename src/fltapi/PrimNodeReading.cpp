@@ -1,6 +1,7 @@
 #include "fltapi/AllRecords.h"
 #include "fltapi/FltFile.h"
 #include "fltapi/io/RecordReader.h"
+#include "fltapi/io/VertexPaletteBreaker.h"
 #include "fltapi/transforms/TransformChain.h"
 
 // Growing a node from a stream: its own record has been read; what follows is its ancillaries, and a level between a
@@ -43,6 +44,10 @@ bool PrimNodeRecord::readAncillaries(RecordReader& reader)
   auto record = reader.next();
   bool hasMatrix = false;
   for (; record && record->isAncillary(); record = reader.next()) {
+    if (isVertexOpcode(record->opcode()) && this == file()->header()) {
+      reader.vertices().add(static_cast<VertexBaseRecord*>(record.get()));
+      continue;
+    }
     hasMatrix = hasMatrix || record->opcode() == opcodes::matrix;
     addChild(record, /*append=*/true);
     if (!record->read(reader)) return false;

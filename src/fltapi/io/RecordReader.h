@@ -6,13 +6,18 @@
 
 namespace fltapi {
 
+class VertexPaletteBreaker;
+
 /// Turns a stream of raw records into record objects of a file, one after the other, for those who grow the tree.
 ///
 /// A file that simply ends ends all open levels well. A file that is damaged inside a level, or that is nested too
 /// deeply, fails the load; `failure()` says why.
 class RecordReader {
 public:
-  RecordReader(Input& input, FltFile& file) : input_(input), file_(file) {}
+  /// @param vertices takes what stands behind the vertex palette
+  RecordReader(Input& input, FltFile& file, VertexPaletteBreaker& vertices)
+      : input_(input), file_(file), vertices_(vertices)
+  {}
 
   /// The next record in host order; sections of extensions and attributes are left out. Null when there is none.
   osg::ref_ptr<Record> next();
@@ -20,6 +25,7 @@ public:
   void giveBack(osg::ref_ptr<Record> record) { pending_ = std::move(record); }
 
   FltFile& file() const { return file_; }
+  VertexPaletteBreaker& vertices() const { return vertices_; }
   int version() const { return input_.version(); }
   /// File bytes of the record that next() gave last.
   std::size_t lastLength() const { return lastLength_; }
@@ -53,6 +59,7 @@ private:
 
   Input& input_;
   FltFile& file_;
+  VertexPaletteBreaker& vertices_;
   osg::ref_ptr<Record> pending_;
   std::string failure_;
   std::size_t lastLength_ = 0;
