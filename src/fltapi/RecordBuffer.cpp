@@ -1,7 +1,5 @@
 #include "fltapi/RecordBuffer.h"
 
-#include "fltapi/Bytes.h"
-
 #include <algorithm>
 #include <cstdlib>
 #include <map>
@@ -31,9 +29,8 @@ std::uint16_t lengthWord(const std::byte* buffer)
 
 } // namespace
 
-std::size_t recordLength(const std::byte* buffer)
+std::size_t oversizeLength(const std::byte* buffer)
 {
-  if (const auto word = lengthWord(buffer)) return word;
   auto& table = oversizeTable();
   const std::lock_guard lock(table.mutex);
   const auto found = table.lengths.find(buffer);
@@ -65,11 +62,6 @@ std::size_t oversizeRecordCount()
   auto& table = oversizeTable();
   const std::lock_guard lock(table.mutex);
   return table.lengths.size();
-}
-
-std::uint16_t recordOpcode(const std::byte* buffer)
-{
-  return loadAt<std::uint16_t>(buffer);
 }
 
 void BufferDeleter::operator()(std::byte* buffer) const

@@ -4,13 +4,14 @@
 #include "fltapi/geometry/VertexListRecord.h"
 
 #include <cstring>
+#include <utility>
 
 namespace fltapi {
 
 namespace {
 
 /// Mixes eight bytes at a time; vertices are multiples of eight bytes long apart from those that other programs padded.
-std::uint64_t hashOf(const VertexBaseRecord& vertex)
+std::uint32_t tagOf(const VertexBaseRecord& vertex)
 {
   const auto* bytes = vertex.data();
   const auto length = vertex.length();
@@ -24,11 +25,12 @@ std::uint64_t hashOf(const VertexBaseRecord& vertex)
     mix(loadAt<std::uint64_t>(bytes + at));
   for (; at + 4 <= length; at += 4)
     mix(loadAt<std::uint32_t>(bytes + at));
-  return hash;
+  return static_cast<std::uint32_t>(hash);
 }
 
 bool same(const VertexBaseRecord& a, const VertexBaseRecord& b)
 {
+  if (&a == &b) return true;
   const auto length = a.length();
   return length == b.length() && std::memcmp(a.data(), b.data(), length) == 0;
 }
@@ -46,35 +48,44 @@ void VertexPaletteLayout::addBelow(const PrimNodeRecord& node)
     addBelow(*child);
 }
 
-std::size_t VertexPaletteLayout::slotOf(const VertexBaseRecord& vertex) const
+std::size_t VertexPaletteLayout::slotOf(const VertexBaseRecord& vertex, std::uint32_t tag) const
 {
   const auto mask = table_.size() - 1;
-  auto slot = hashOf(vertex) & mask;
-  while (table_[slot] != empty && !same(*entries_[table_[slot]].vertex, vertex))
+  auto slot = tag & mask;
+  // The tag spares a look at nearly every vertex that differs.
+  while (table_[slot].entry != empty &&
+         !(table_[slot].tag == tag && same(*entries_[table_[slot].entry].vertex, vertex)))
     slot = (slot + 1) & mask;
   return slot;
 }
 
 void VertexPaletteLayout::growTable()
 {
-  table_.assign(table_.empty() ? 1024 : table_.size() * 2, empty);
-  for (std::uint32_t i = 0; i < entries_.size(); ++i)
-    table_[slotOf(*entries_[i].vertex)] = i;
+  const auto old = std::exchange(table_, std::vector<Slot>(table_.empty() ? 1024 : table_.size() * 2));
+  const auto mask = table_.size() - 1;
+  for (const auto& taken : old) {
+    if (taken.entry == empty) continue;
+    auto slot = taken.tag & mask;
+    while (table_[slot].entry != empty)
+      slot = (slot + 1) & mask;
+    table_[slot] = taken;
+  }
 }
 
 void VertexPaletteLayout::add(const VertexBaseRecord& vertex)
 {
   if ((entries_.size() + 1) * 3 > table_.size() * 2) growTable();
-  const auto slot = slotOf(vertex);
-  if (table_[slot] != empty) return;
-  table_[slot] = static_cast<std::uint32_t>(entries_.size());
+  const auto tag = tagOf(vertex);
+  auto& slot = table_[slotOf(vertex, tag)];
+  if (slot.entry != empty) return;
+  slot = {tag, static_cast<std::uint32_t>(entries_.size())};
   entries_.push_back({&vertex, length_});
   length_ += vertex.size(version_);
 }
 
 std::uint32_t VertexPaletteLayout::offsetOf(const VertexBaseRecord& vertex) const
 {
-  return static_cast<std::uint32_t>(entries_[table_[slotOf(vertex)]].offset);
+  return static_cast<std::uint32_t>(entries_[table_[slotOf(vertex, tagOf(vertex))].entry].offset);
 }
 
 } // namespace fltapi

@@ -35,12 +35,17 @@ public:
 private:
   static constexpr std::uint32_t empty = 0xffffffffu;
 
-  std::size_t slotOf(const VertexBaseRecord& vertex) const;
+  struct Slot {
+    std::uint32_t tag = 0; ///< of the vertex, from all its bytes
+    std::uint32_t entry = empty;
+  };
+
+  std::size_t slotOf(const VertexBaseRecord& vertex, std::uint32_t tag) const;
   void growTable();
 
   int version_;
   std::vector<Entry> entries_;
-  std::vector<std::uint32_t> table_; ///< open addressing: position in entries_ or `empty`; a power of two long
+  std::vector<Slot> table_; ///< open addressing; a power of two long
   std::uint64_t length_ = 8;
 };
 
