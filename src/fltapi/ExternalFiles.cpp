@@ -1,8 +1,17 @@
 #include "fltapi/ExternalFiles.h"
 
+#include "fltapi/RecordVisitor.h"
+
 #include <filesystem>
 
 namespace fltapi {
+
+namespace {
+
+/// Opening one more file takes about as much of the stack as walking so many levels of nodes.
+constexpr int levelsOfOneFile = 10;
+
+} // namespace
 
 ExternalFiles& ExternalFiles::get()
 {
@@ -31,6 +40,16 @@ ExternalFiles::Loading::Loading(const std::string& canonicalPath)
 ExternalFiles::Loading::~Loading()
 {
   if (mine_) get().loading_.erase(path_);
+}
+
+ExternalFiles::Nesting::Nesting(int levels) : levels_(levels + levelsOfOneFile)
+{
+  get().levels_ += levels_;
+}
+
+bool ExternalFiles::Nesting::tooDeep() const
+{
+  return get().levels_ > 2 * deepestLevel;
 }
 
 std::string canonicalPath(const std::string& path)

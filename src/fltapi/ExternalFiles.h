@@ -47,8 +47,23 @@ public:
     bool mine_;
   };
 
+  /// Adds the levels of nodes above a reference to those of the references that led to it, for the time of a block.
+  /// Files that refer to further ones can nest levels without end where no file is deep by itself.
+  class Nesting {
+  public:
+    explicit Nesting(int levels);
+    Nesting(const Nesting&) = delete;
+    Nesting& operator=(const Nesting&) = delete;
+    ~Nesting() { get().levels_ -= levels_; }
+    bool tooDeep() const;
+
+  private:
+    int levels_;
+  };
+
 private:
   std::map<Key, osg::observer_ptr<FltFile>> files_;
+  int levels_ = 0;
   std::set<std::string> loading_;
 };
 

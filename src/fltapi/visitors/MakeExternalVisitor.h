@@ -1,6 +1,7 @@
 #pragma once
 
 #include "fltapi/nodes/ExternalRecord.h"
+#include "fltapi/nodes/InstanceRecords.h"
 
 namespace fltapi {
 
@@ -15,6 +16,9 @@ public:
     node.setExternalFile(file_);
     if (node.opcode() != ExternalRecord::code) RecordVisitor::apply(node);
   }
+  // What stands in a definition is marked where it stands, all of it and once.
+  void apply(InstanceReferenceRecord& reference) override { apply(static_cast<PrimNodeRecord&>(reference)); }
+  void apply(InstanceDefinitionRecord& definition) override { apply(static_cast<PrimNodeRecord&>(definition)); }
 
 private:
   FltFile* file_;

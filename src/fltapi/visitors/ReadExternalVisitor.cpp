@@ -38,6 +38,14 @@ std::string withoutNodeName(const std::string& path)
   return bracket != std::string::npos && path.ends_with('>') ? path.substr(0, bracket) : std::string{};
 }
 
+int levelsAbove(const PrimNodeRecord& node)
+{
+  int levels = 0;
+  for (const auto* above = node.parent(); above; above = above->parent())
+    ++levels;
+  return levels;
+}
+
 } // namespace
 
 std::vector<std::string> ReadExternalVisitor::candidates(const std::string& path) const
@@ -66,12 +74,16 @@ osg::ref_ptr<FltFile> ReadExternalVisitor::fileAt(const std::string& foundPath, 
   const ExternalFiles::Key key{canonical, ownPalettes, independent ? nullptr : &referrer_};
   if (auto file = files.find(key)) return file;
 
+  const ExternalFiles::Nesting nesting(levelsAbove(external));
+  if (nesting.tooDeep()) return nullptr;
   const osg::ref_ptr<FltFile> file = new FltFile;
   file->setQuiet(referrer_.quiet());
   if (!file->load(foundPath)) return nullptr;
   file->setReferrer(referrer_, ownPalettes);
   MakeExternalVisitor stamp(file);
   file->header()->accept(stamp);
+  for (const auto& [number, definition] : file->instanceDefinitions())
+    definition->accept(stamp);
   files.add(key, *file);
   return file;
 }
