@@ -8,6 +8,7 @@ namespace nalt {
 
 namespace {
 
+constexpr double straight = 1e-9;         // sine of the smallest angle between the directions to the two points
 constexpr double largeGrid = 100.0;       // model units
 constexpr double largeBesideModel = 10.0; // times the model's radius
 
@@ -19,17 +20,23 @@ osg::Vec3d unit(osg::Vec3d vector)
 
 } // namespace
 
-void Grid::setOrigin(const osg::Vec3d& origin)
+bool Grid::setPoints(const Points& points)
 {
-  const osg::Vec3d difference = origin - points_.origin;
-  points_.origin = origin;
-  points_.onAxis += difference;
-  points_.third += difference;
+  const osg::Vec3d normal = unit(points.onAxis - points.origin) ^ unit(points.third - points.origin);
+  if (!(normal.length() > straight)) return false;
+  points_ = points;
+  return true;
 }
 
-void Grid::addOffset(double offset)
+bool Grid::setOrigin(const osg::Vec3d& origin)
 {
-  setOrigin(points_.origin + axes().normal * offset);
+  const osg::Vec3d difference = origin - points_.origin;
+  return setPoints({origin, points_.onAxis + difference, points_.third + difference});
+}
+
+bool Grid::addOffset(double offset)
+{
+  return setOrigin(points_.origin + axes().normal * offset);
 }
 
 Grid::Axes Grid::axes() const

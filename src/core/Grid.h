@@ -11,7 +11,7 @@ namespace nalt {
 /// they were given: the origin, a point on the first axis, and a third one anywhere else in the plane. Distances in
 /// model units.
 ///
-/// Three points on one line define no plane: the axes are zero vectors then, and nothing meets the plane.
+/// The three points always define a plane: what would bring them onto one line is ignored.
 class Grid {
 public:
   struct Points {
@@ -27,15 +27,15 @@ public:
   };
 
   const Points& points() const { return points_; }
-  void setPoints(const Points& points) { points_ = points; }
+  // These are false, and leave the grid as it was, when the three points would lie on one line.
+  bool setPoints(const Points& points);
+  bool setPointOnAxis(const osg::Vec3d& point) { return setPoints({points_.origin, point, points_.third}); }
+  bool setThirdPoint(const osg::Vec3d& point) { return setPoints({points_.origin, points_.onAxis, point}); }
   /// The whole grid moves along.
-  void setOrigin(const osg::Vec3d& origin);
-  void setPointOnAxis(const osg::Vec3d& point) { points_.onAxis = point; }
-  void setThirdPoint(const osg::Vec3d& point) { points_.third = point; }
+  bool setOrigin(const osg::Vec3d& origin);
   /// Moves the grid along its normal.
-  void addOffset(double offset);
+  bool addOffset(double offset);
   Axes axes() const;
-  bool isPlane() const { return axes().normal.length2() > 0.0; }
 
   double spacing() const { return spacing_; }
   /// False, and the former spacing kept, for what isn't a finite number above 0.

@@ -78,22 +78,25 @@ void setYZGrid(Model& model, bool undoable)
   finish(model, undoable, "Set YZ Grid", "setYZGrid");
 }
 
-void setGridOrigin(Model& model, const osg::Vec3d& origin, bool undoable)
+bool setGridOrigin(Model& model, const osg::Vec3d& origin, bool undoable)
 {
-  model.grid().setOrigin(origin);
+  if (!model.grid().setOrigin(origin)) return false;
   finish(model, undoable, "Set Grid Origin", "setGridOrigin", origin.x(), origin.y(), origin.z());
+  return true;
 }
 
-void setGridPointOnAxis(Model& model, const osg::Vec3d& point, bool undoable)
+bool setGridPointOnAxis(Model& model, const osg::Vec3d& point, bool undoable)
 {
-  model.grid().setPointOnAxis(point);
+  if (!model.grid().setPointOnAxis(point)) return false;
   finish(model, undoable, "Set Grid Point On Axis", "setGridPointOnAxis", point.x(), point.y(), point.z());
+  return true;
 }
 
-void setGridThirdPoint(Model& model, const osg::Vec3d& point, bool undoable)
+bool setGridThirdPoint(Model& model, const osg::Vec3d& point, bool undoable)
 {
-  model.grid().setThirdPoint(point);
+  if (!model.grid().setThirdPoint(point)) return false;
   finish(model, undoable, "Set Grid Third Point", "setGridThirdPoint", point.x(), point.y(), point.z());
+  return true;
 }
 
 bool addGridOffset(Model& model, double offset, bool undoable)

@@ -13,9 +13,10 @@ class Model;
 void setXYGrid(Model& model, bool undoable);
 void setXZGrid(Model& model, bool undoable);
 void setYZGrid(Model& model, bool undoable);
-void setGridOrigin(Model& model, const osg::Vec3d& origin, bool undoable);
-void setGridPointOnAxis(Model& model, const osg::Vec3d& point, bool undoable);
-void setGridThirdPoint(Model& model, const osg::Vec3d& point, bool undoable);
+// False, and nothing recorded, when the points of the grid would lie on one line.
+bool setGridOrigin(Model& model, const osg::Vec3d& origin, bool undoable);
+bool setGridPointOnAxis(Model& model, const osg::Vec3d& point, bool undoable);
+bool setGridThirdPoint(Model& model, const osg::Vec3d& point, bool undoable);
 /// False, after a message, for an offset that isn't finite.
 bool addGridOffset(Model& model, double offset, bool undoable);
 /// False, after a message, for a spacing that isn't a finite number above 0.

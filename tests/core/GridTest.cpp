@@ -75,15 +75,17 @@ TEST(GridTest, AnOffsetGoesAlongTheNormal)
   expectNear(grid.points().third, {0, -2.5, 1});
 }
 
-TEST(GridTest, ThreePointsOnALineMeetNothing)
+TEST(GridTest, PointsThatWouldLieOnALineAreIgnored)
 {
   Grid grid;
-  grid.setThirdPoint({2, 0, 0});
-  EXPECT_FALSE(grid.isPlane());
-  EXPECT_FALSE(grid.intersection({0, 0, 1}, {0, 0, -1}));
-  const auto before = grid.points();
-  grid.addOffset(3.0);
-  expectNear(grid.points().origin, before.origin);
+  EXPECT_FALSE(grid.setThirdPoint({2, 0, 0}));
+  EXPECT_FALSE(grid.setPointOnAxis({0, -3, 0}));
+  EXPECT_FALSE(grid.setPointOnAxis({0, 0, 0}));
+  EXPECT_FALSE(grid.setPointOnAxis({infinite, 0, 0}));
+  EXPECT_FALSE(grid.setOrigin({std::nan(""), 0, 0}));
+  expectNear(grid.points().origin, {0, 0, 0});
+  expectNear(grid.points().onAxis, {1, 0, 0});
+  expectNear(grid.points().third, {0, 1, 0});
 }
 
 TEST(GridTest, ARayMeetsThePlaneUnlessItRunsAlongIt)
@@ -252,6 +254,14 @@ TEST_F(GridOperationsTest, EachIsRecordedUnderItsTitle)
   EXPECT_THAT(shell.recorder.comments.at(3), testing::HasSubstr("-- nalt.setGridOrigin(originX, originY, originZ)\n"));
 }
 
+TEST_F(GridOperationsTest, WhatIsIgnoredIsntRecorded)
+{
+  EXPECT_FALSE(setGridThirdPoint(*model, {2, 0, 0}, true));
+  EXPECT_FALSE(setGridPointOnAxis(*model, {0, 5, 0}, true));
+  EXPECT_THAT(shell.recorder.scripts, IsEmpty());
+  EXPECT_THAT(model->commandStack().undoCommands(), IsEmpty());
+}
+
 TEST_F(GridOperationsTest, UndoTakesTheRecordedLineBackAndLeavesTheGrid)
 {
   setGridSpacing(*model, 4.0, true);
@@ -336,7 +346,7 @@ TEST_F(GridOperationsTest, AligningFollowsTheMatrixAboveThePolygon)
   auto* matrix = model->fltFile()->create<fltapi::MatrixRecord>();
   matrix->setMatrix(osg::Matrixd::translate(0, 0, 7));
   group->addChild(matrix, /*append=*/true);
-  auto* face = makeFace({{0, 0, 0}, {1, 0, 0}, {0, 1, 0}});
+  const osg::ref_ptr<fltapi::FaceRecord> face = makeFace({{0, 0, 0}, {1, 0, 0}, {0, 1, 0}});
   model->fltFile()->header()->removeChild(face);
   group->addChild(face, /*append=*/true);
   select(*face);
