@@ -1,7 +1,8 @@
-# nalt_folder(<path below src> [LINK targets...] [EXCLUDE files...])
-# Makes the static library nalt_<last part of the path> of all sources in that folder.
+# nalt_folder(<path below src> [LINK targets...] [EXCLUDE files...] [PCH target])
+# Makes the static library nalt_<last part of the path> of all sources in that folder. Headers that it compiles in advance
+# are in its pch.h, or are those of another target.
 function(nalt_folder path)
-  cmake_parse_arguments(ARG "" "" "LINK;EXCLUDE" ${ARGN})
+  cmake_parse_arguments(ARG "" "PCH" "LINK;EXCLUDE" ${ARGN})
   get_filename_component(name ${path} NAME)
   set(root ${CMAKE_SOURCE_DIR}/src/${path})
   file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${root}/*.cpp)
@@ -14,6 +15,8 @@ function(nalt_folder path)
     target_link_libraries(nalt_${name} PUBLIC ${ARG_LINK} PRIVATE nalt_warnings)
     if(EXISTS ${root}/pch.h)
       target_precompile_headers(nalt_${name} PRIVATE ${root}/pch.h)
+    elseif(ARG_PCH)
+      target_precompile_headers(nalt_${name} REUSE_FROM ${ARG_PCH})
     endif()
   else()
     add_library(nalt_${name} INTERFACE)
