@@ -98,20 +98,18 @@ void GridNodes::rebuild(const Grid& grid)
 {
   LineSet thin;
   LineSet thick;
-  if (grid.isPlane()) {
-    const Lines lines(grid);
-    const std::int64_t half = grid.halfSize();
-    const std::int64_t step = (half - 1) / mostLines + 1;
-    for (std::int64_t i = step; i <= half; i += step) {
-      LineSet& set = i / step % grid.thickLineNumber() == 0 ? thick : thin;
-      lines.add(set, i);
-      lines.add(set, -i);
-    }
-    thin.endColor(grid.color());
-    thick.endColor(grid.color());
-    lines.add(thick, 0);
-    thick.endColor(grid.axisColor());
+  const Lines lines(grid);
+  const std::int64_t half = grid.halfSize();
+  const std::int64_t step = (half - 1) / mostLines + 1;
+  for (std::int64_t i = step; i <= half; i += step) {
+    LineSet& set = i / step % grid.thickLineNumber() == 0 ? thick : thin;
+    lines.add(set, i);
+    lines.add(set, -i);
   }
+  thin.endColor(grid.color());
+  thick.endColor(grid.color());
+  lines.add(thick, 0);
+  thick.endColor(grid.axisColor());
   replaceDrawable(*thin_, thin.geometry());
   replaceDrawable(*thick_, thick.geometry());
 }

@@ -1,6 +1,7 @@
 #include "scene/view/GridPlacement.h"
 
 #include "core/GridOperations.h"
+#include "core/Model.h"
 #include "core/Shell.h"
 
 #include <string>
@@ -10,6 +11,22 @@ namespace nalt {
 namespace {
 
 constexpr int lastStep = 3;
+
+/// The third point makes way when the axis is to run through it.
+bool layAxis(Model& model, const osg::Vec3d& point)
+{
+  if (setGridPointOnAxis(model, point, /*undoable=*/true)) return true;
+  const osg::Vec3d origin = model.grid().points().origin;
+  if (point == origin) return false;
+  return setGridThirdPoint(model, origin + model.grid().axes().normal, /*undoable=*/true) &&
+         setGridPointOnAxis(model, point, /*undoable=*/true);
+}
+
+bool layPoint(Model& model, int step, const osg::Vec3d& point)
+{
+  if (step == 1) return setGridOrigin(model, point, /*undoable=*/true);
+  return step == 2 ? layAxis(model, point) : setGridThirdPoint(model, point, /*undoable=*/true);
+}
 
 } // namespace
 
@@ -33,14 +50,7 @@ bool GridPlacement::take(Model& model, const osg::Vec3d& point)
     translates_ = false;
     setGridOrigin(model, point, /*undoable=*/true);
   } else if (step_ > 0) {
-    const int step = step_;
-    step_ = step == lastStep ? 0 : step + 1;
-    if (step == 1)
-      setGridOrigin(model, point, /*undoable=*/true);
-    else if (step == 2)
-      setGridPointOnAxis(model, point, /*undoable=*/true);
-    else
-      setGridThirdPoint(model, point, /*undoable=*/true);
+    if (layPoint(model, step_, point)) step_ = step_ == lastStep ? 0 : step_ + 1;
   } else {
     return false;
   }

@@ -20,7 +20,8 @@ public:
   void toggleAligning();
   /// The next point becomes the origin.
   void startTranslating();
-  /// False when no point was waited for.
+  /// False when no point was waited for. A point that can't be the one of its step, as it would lie on a line with the
+  /// others, is asked for again.
   bool take(Model& model, const osg::Vec3d& point);
 
 private:
