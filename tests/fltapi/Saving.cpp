@@ -280,6 +280,17 @@ TEST_F(Saving, whereNothingCanBeWrittenFails)
                                              "Failed opening file " + bench.folder.path() + " for writing."));
 }
 
+TEST_F(Saving, takesNamesWithSpacesAndLettersOfAllScripts)
+{
+  const auto file = bench.load(flt::file(flt::group("g1")));
+  const auto target = bench.path("Größe 10 – Панцер 戦車.flt");
+  EXPECT_TRUE(file->save(target));
+  EXPECT_TRUE(sameBytes(readFile(target), bench.save(*file)));
+  const osg::ref_ptr<FltFile> again = new FltFile;
+  EXPECT_TRUE(again->load(target));
+  EXPECT_THAT(bench.host.errors, IsEmpty());
+}
+
 TEST_F(Saving, intoAFolderWithoutRightsFailsAndLeavesTheOldFile)
 {
   const auto file = bench.load(flt::file(flt::group("g1")));

@@ -10,6 +10,7 @@
 #include <bit>
 #include <chrono>
 #include <limits>
+#include <set>
 
 namespace fltapi {
 namespace {
@@ -228,6 +229,46 @@ TEST_F(VertexPalette, ofManyVerticesIsLaidOutQuickly)
   const std::chrono::duration<double> took = std::chrono::steady_clock::now() - begin;
   EXPECT_EQ(layout.entries().size(), vertices.size());
   EXPECT_LT(took.count(), 5.0); // comparing each with each would take minutes
+}
+
+TEST_F(VertexPalette, ofSeveralKindsIsFoundByItsOffsets)
+{
+  flt::VertexPool pool;
+  const std::vector offsets = {pool.add(flt::textureVertex(0, 0, 0)), pool.add(flt::plainVertex(1, 0, 0)),
+                               pool.add(flt::normalTextureVertex(2, 0, 0)), pool.add(flt::normalVertex(3, 0, 0)),
+                               pool.add(flt::textureVertex(4, 0, 0))};
+  const std::vector order = {4, 1, 3, 0, 2, 1, 4};
+  std::vector<std::uint32_t> corners;
+  for (const auto i : order)
+    corners.push_back(offsets[static_cast<std::size_t>(i)]);
+  const auto file = bench.load(flt::file(pool, flt::polygon("p1", corners)));
+  const auto& vertices = first<VertexListRecord>(*file)->vertices();
+  ASSERT_EQ(vertices.size(), order.size());
+  std::set<const Record*> distinct;
+  for (std::size_t i = 0; i < order.size(); ++i) {
+    EXPECT_EQ(vertices[i]->position().x(), order[i]) << i;
+    distinct.insert(vertices[i].get());
+  }
+  EXPECT_EQ(distinct.size(), order.size()) << "nothing is shared";
+}
+
+TEST_F(VertexPalette, thatLacksACornersVertexTakesItsFurtherTextureCoordinatesToo)
+{
+  flt::VertexPool pool;
+  const auto a = pool.add(flt::plainVertex(1, 0, 0)), b = pool.add(flt::plainVertex(2, 0, 0));
+  flt::Bytes layer;
+  layer.u32(0x80000000);
+  for (const float value : {0.1f, 0.2f, 0.3f})
+    layer.f32(value).f32(value);
+  const auto file =
+      bench.load(flt::file(pool, flt::face("p1") + flt::level(flt::vertexList({a, 9999, b}) + flt::record(53, layer))));
+  const auto* list = first<VertexListRecord>(*file);
+  ASSERT_EQ(list->vertexCount(), 2);
+  const auto* layers = list->findChild<UVListRecord>();
+  ASSERT_TRUE(layers);
+  EXPECT_EQ(layers->length(), 8 + 2 * 8u) << "a pair for each corner that is left";
+  EXPECT_EQ(layers->uv(0, 1).x(), 0.1f);
+  EXPECT_EQ(layers->uv(1, 1).x(), 0.3f);
 }
 
 TEST_F(VertexPalette, ofAFileWithoutOneLeavesPolygonsWithoutCorners)
