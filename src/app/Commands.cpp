@@ -4,8 +4,10 @@
 #include "app/Gui.h"
 #include "core/Model.h"
 #include "core/Preferences.h"
+#include "core/WaitCursor.h"
 #include "core/hierarchy/DeleteSelected.h"
 #include "core/selection/SelectOperations.h"
+#include "fltapi/Opcodes.h"
 #include "scene/view/Viewport.h"
 
 #include <FL/Fl.H>
@@ -109,6 +111,20 @@ void open(Gui& gui)
 void revert(Gui& gui)
 {
   gui.files().revert(/*synchronous=*/false);
+}
+
+void revertExternals(Gui& gui)
+{
+  gui.files().revertExternals(/*synchronous=*/false);
+}
+
+void revertTextures(Gui& gui)
+{
+  Model* model = gui.currentModel();
+  if (!model || !model->sync()) return;
+  const WaitCursor cursor;
+  model->sync()->updatePalette(fltapi::opcodes::texturePalette, /*reload=*/true);
+  model->redrawViewports();
 }
 
 void save(Gui& gui)

@@ -12,6 +12,8 @@ namespace commands {
 void newModel(Gui& gui);
 void open(Gui& gui);
 void revert(Gui& gui);
+void revertExternals(Gui& gui);
+void revertTextures(Gui& gui);
 void save(Gui& gui);
 void saveAs(Gui& gui);
 void import(Gui& gui);

@@ -31,18 +31,20 @@ void DatabaseHost::error(const std::string& text)
 
 void DatabaseHost::progress(double fraction)
 {
-  FileJob* job = gui_.files().job();
+  FileJob* job = FileJob::current();
   if (job) job->setProgress(fraction * (job->buildScene && job->built ? readingShare : 100.0));
 }
 
 bool DatabaseHost::repairsNotAvailable() const
 {
-  return Preferences::get().convertNotAvailableToZero;
+  const FileJob* job = FileJob::current();
+  return job ? job->options.repairNotAvailable : Preferences::get().convertNotAvailableToZero;
 }
 
 bool DatabaseHost::loadsExternals() const
 {
-  return Preferences::get().loadExternals;
+  const FileJob* job = FileJob::current();
+  return job ? job->options.loadExternals : Preferences::get().loadExternals;
 }
 
 } // namespace nalt

@@ -4,10 +4,13 @@
 #include "fltapi/FltFile.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace nalt {
 
 namespace {
+
+thread_local FileJob* currentJob = nullptr;
 
 constexpr double lastPart = 15.0; // percent of the bar that belongs to the work after reading
 
@@ -22,7 +25,7 @@ void load(FileJob& job)
 
 void save(FileJob& job)
 {
-  const fltapi::FltFile* file = job.saved ? job.saved->fltFile() : nullptr;
+  const fltapi::FltFile* file = job.model ? job.model->fltFile() : nullptr;
   if (!file || !file->header())
     job.fail("Missing header record.");
   else if (job.path.empty())
@@ -36,15 +39,36 @@ void import(FileJob& job)
   job.fail("Couldn't import file " + job.path);
 }
 
+void loadExternals(FileJob& job)
+{
+  job.model->fltFile()->readExternals();
+}
+
 const FileOperation operations[] = {
-    {FileOperationKind::create, "", "", "", nullptr},
-    {FileOperationKind::open, "Open File", "Opening file: %s...", "openCB (pthread_create)", load},
-    {FileOperationKind::revert, "", "Reverting file: %s...", "revertCB (pthread_create)", load},
-    {FileOperationKind::save, "Save File", "Saving file: %s...", "save (pthread_create)", save},
-    {FileOperationKind::import, "Import File", "Importing file: %s...", "importCB (pthread_create)", import},
+    {FileOperationKind::create, "new model", "", "", "", nullptr},
+    {FileOperationKind::open, "open", "Open File", "Opening file: %s...", "openCB (pthread_create)", load},
+    {FileOperationKind::revert, "revert", "", "Reverting file: %s...", "revertCB (pthread_create)", load},
+    {FileOperationKind::save, "save", "Save File", "Saving file: %s...", "save (pthread_create)", save},
+    {FileOperationKind::import, "import", "Import File", "Importing file: %s...", "importCB (pthread_create)", import},
+    {FileOperationKind::revertExternals, "revert externals", "", "Reverting externals...",
+     "revertExternalsCB (pthread_create)", loadExternals},
+    {FileOperationKind::loadExternals, "load externals", "", "Loading externals...", "loadExternalsCB (pthread_create)",
+     loadExternals},
 };
 
 } // namespace
+
+FileJob* FileJob::current()
+{
+  return currentJob;
+}
+
+FileJob::Work::Work(FileJob& job) : before_(std::exchange(currentJob, &job)) {}
+
+FileJob::Work::~Work()
+{
+  currentJob = before_;
+}
 
 void FileJob::queue(std::vector<QueuedMessage>& list, QueuedMessage message, bool append)
 {

@@ -3,7 +3,12 @@
 #include "app/FileLists.h"
 #include "app/Gui.h"
 #include "app/GuiWidgets.h"
+#include "core/Clipboard.h"
+#include "core/Externals.h"
+#include "core/LuaText.h"
 #include "core/Model.h"
+#include "core/Preferences.h"
+#include "core/WaitCursor.h"
 #include "fltapi/FltFile.h"
 #include "fltapi/VersionText.h"
 #include "platform/Paths.h"
@@ -21,6 +26,9 @@ namespace {
 constexpr double pollInterval = 0.0333; // seconds
 constexpr int smallestWindowWidth = 400;
 constexpr int smallestWindowHeight = 300;
+
+constexpr const char* loadQuestion = "Do you want to load/unload externals? ";
+constexpr const char* lossOfEdits = "Note that the selection will be cleared and the command list will be erased.";
 
 const std::vector<FileFilter> openFlightFilter = {{"OpenFlight", "*.flt"}};
 
@@ -46,6 +54,7 @@ std::unique_ptr<FileJob> FileOperations::makeJob(FileOperationKind kind, const s
   job->kind = kind;
   job->path = path;
   job->buildScene = !gui_.headless();
+  job->options = {Preferences::get().loadExternals, Preferences::get().convertNotAvailableToZero};
   return job;
 }
 
@@ -84,8 +93,9 @@ bool FileOperations::save(Model& model, const std::string& path, int version, bo
               /*append=*/false, MessageId::saveVersion);
   }
   auto job = makeJob(FileOperationKind::save, path);
-  job->saved = &model;
+  job->model = &model;
   job->version = version;
+  job->renames = model.path() != path;
   return submit(std::move(job), synchronous);
 }
 
@@ -98,12 +108,70 @@ bool FileOperations::revert(bool synchronous)
     gui_.warning("Can't revert " + model->path() + " since the file doesn't exist anymore.");
     return false;
   }
-  if (gui_.ask("Revert file " + model->path() + "?") != Answer::yes) return false;
+  const bool clipboardToo = Clipboard::get().holdsFrom(model->fltFile());
+  const std::string loss =
+      clipboardToo ? "Clipboard contents from " + fileNamePart(model->path()) + " will be removed.\n" : "";
+  if (gui_.ask(loss + "Revert file " + model->path() + "?") != Answer::yes) return false;
+  if (clipboardToo) Clipboard::get().clear();
   auto job = makeJob(FileOperationKind::revert, model->path());
+  job->place = gui_.placeOf(*model);
   // The panels go over to the new model, so that it is seen as the old one was.
   job->viewports = model->viewports();
   model->removeAllViewports(/*destroy=*/false);
   job->replaced = gui_.removeModel(*model);
+  return run(std::move(job), synchronous);
+}
+
+bool FileOperations::revertExternals(bool synchronous)
+{
+  waitUntilIdle();
+  Model* model = gui_.currentModel();
+  if (!model || gui_.ask("Do you want to revert externals? " + std::string(lossOfEdits)) != Answer::yes) return false;
+  dropExternals(*model);
+  return runExternals(FileOperationKind::revertExternals, *model, synchronous);
+}
+
+bool FileOperations::loadExternals(bool synchronous)
+{
+  waitUntilIdle();
+  Model* model = gui_.currentModel();
+  if (!model || gui_.ask(std::string(loadQuestion) + lossOfEdits) != Answer::yes) return false;
+  dropExternals(*model);
+  return runExternals(FileOperationKind::loadExternals, *model, synchronous);
+}
+
+bool FileOperations::unloadExternals()
+{
+  waitUntilIdle();
+  Model* model = gui_.currentModel();
+  if (!model || gui_.ask(std::string(loadQuestion) + lossOfEdits) != Answer::yes) return false;
+  const WaitCursor cursor;
+  dropExternals(*model);
+  return true;
+}
+
+bool FileOperations::reloadChangedExternals(bool synchronous)
+{
+  Model* model = gui_.currentModel();
+  if (busy() || !model || !model->fltFile() || !Preferences::get().reloadExternals) return false;
+  std::vector<std::string> changed = model->fltFile()->changedExternals();
+  std::erase_if(changed, [&](const std::string& path) { return !declined_.isNew(*model, path); });
+  if (changed.empty()) return false;
+  if (gui_.ask("At least one external reference was changed on disk. Do you want to reload changed external "
+               "references? Note that the command list will be erased.") != Answer::yes) {
+    for (const std::string& path : changed)
+      declined_.add(*model, path);
+    return false;
+  }
+  dropExternals(*model, changed);
+  return runExternals(FileOperationKind::revertExternals, *model, synchronous);
+}
+
+bool FileOperations::runExternals(FileOperationKind kind, Model& model, bool synchronous)
+{
+  auto job = makeJob(kind, model.path());
+  job->model = &model;
+  job->options.loadExternals = job->options.loadExternals || kind == FileOperationKind::loadExternals;
   return run(std::move(job), synchronous);
 }
 
@@ -123,7 +191,7 @@ bool FileOperations::submit(std::unique_ptr<FileJob> job, bool synchronous)
 bool FileOperations::run(std::unique_ptr<FileJob> job, bool synchronous)
 {
   if (job->kind == FileOperationKind::create) {
-    gui_.newModel(job->path);
+    if (gui_.newModel(job->path)) gui_.record("newModel", luaCall("newModel", job->path));
     startNext();
     return true;
   }
@@ -134,7 +202,7 @@ bool FileOperations::run(std::unique_ptr<FileJob> job, bool synchronous)
       return true;
     }
   }
-  if (job->kind != FileOperationKind::save) job->built = gui_.makeModel();
+  if (!job->model) job->built = gui_.makeModel();
   job_ = std::move(job);
   gui_.updateWidgets();
   gui_.waitCursor();
@@ -169,17 +237,27 @@ bool FileOperations::finish()
   const bool done = job_->outcome == FileJob::Outcome::done;
   gui_.defaultCursor();
   gui_.endProgress();
-  if (!done)
+  if (job_->kind == FileOperationKind::revertExternals || job_->kind == FileOperationKind::loadExternals)
+    showExternals(*job_->model);
+  else if (!done)
     putBack();
   else if (job_->kind == FileOperationKind::save)
-    finishSave();
+    finishSave(*job_);
   else
     finishLoad();
 
   // The messages wait in event loops of their own; what they see must be at rest.
   const std::unique_ptr<FileJob> over = std::move(job_);
   gui_.updateWidgets();
-  for (const auto* list : {&over->errors, &over->warnings}) {
+  if (done) recordDone(*over);
+  showMessages(*over);
+  startNext();
+  return done;
+}
+
+void FileOperations::showMessages(const FileJob& job)
+{
+  for (const auto* list : {&job.errors, &job.warnings}) {
     for (const QueuedMessage& message : *list) {
       if (message.kind == MessageKind::warning)
         gui_.warning(message.text, /*append=*/true, message.id);
@@ -187,14 +265,35 @@ bool FileOperations::finish()
         gui_.info(message.text, /*append=*/true, message.id);
     }
   }
-  startNext();
-  return done;
+}
+
+/// Repeats what the user did as a line of the recording. What a script did is a line of its own already.
+void FileOperations::recordDone(const FileJob& job) const
+{
+  const bool latest = job.version == fltapi::currentVersion;
+  switch (job.kind) {
+  case FileOperationKind::open:
+    gui_.record("openModel", luaCall("openModel", job.path));
+    break;
+  case FileOperationKind::revert:
+    gui_.record("revertModel", luaCall("revertModel"));
+    break;
+  case FileOperationKind::save:
+    if (job.renames)
+      gui_.record("saveModelAs",
+                  latest ? luaCall("saveModelAs", job.path) : luaCall("saveModelAs", job.path, job.version));
+    else
+      gui_.record("saveModel", latest ? luaCall("saveModel") : luaCall("saveModel", job.version));
+    break;
+  default:
+    break;
+  }
 }
 
 void FileOperations::finishLoad()
 {
   const bool repaired = job_->built->fltFile() && job_->built->fltFile()->modified();
-  Model& model = gui_.addModel(std::move(job_->built), job_->viewports);
+  Model& model = gui_.addModel(std::move(job_->built), job_->viewports, job_->place);
   model.setDirty(repaired);
   gui_.setCurrentModel(model);
   gui_.addRecent(model.path());
@@ -202,16 +301,16 @@ void FileOperations::finishLoad()
     window->size_range(smallestWindowWidth, smallestWindowHeight);
 }
 
-void FileOperations::finishSave()
+void FileOperations::finishSave(const FileJob& job)
 {
-  Model& model = *job_->saved;
-  model.fltFile()->setLoadedVersion(job_->version);
-  if (model.path() != job_->path) {
-    model.setPath(job_->path);
+  Model& model = *job.model;
+  model.fltFile()->setLoadedVersion(job.version);
+  if (model.path() != job.path) {
+    model.setPath(job.path);
     gui_.nameTab(model);
   }
   model.setDirty(false);
-  gui_.addRecent(job_->path);
+  gui_.addRecent(job.path);
 }
 
 /// After a failure: what a revert took away is there again as it was.
@@ -219,7 +318,7 @@ void FileOperations::putBack()
 {
   job_->built.reset();
   if (!job_->replaced) return;
-  Model& model = gui_.addModel(std::move(job_->replaced), job_->viewports);
+  Model& model = gui_.addModel(std::move(job_->replaced), job_->viewports, job_->place);
   gui_.setCurrentModel(model);
 }
 
@@ -265,6 +364,27 @@ bool FileOperations::mayOverwrite(const std::string& path)
 void FileOperations::dropWaiting()
 {
   std::erase_if(queue_, [](const std::unique_ptr<FileJob>& job) { return job->kind != FileOperationKind::save; });
+}
+
+bool FileOperations::saveBeside(Model& model, const std::string& path, int version)
+{
+  auto job = makeJob(FileOperationKind::save, path);
+  job->model = &model;
+  job->version = version;
+  FileWorker::runHere(*job);
+  const bool done = job->outcome == FileJob::Outcome::done;
+  if (done) finishSave(*job);
+  showMessages(*job);
+  return done;
+}
+
+void FileOperations::letGo()
+{
+  Fl::remove_timeout(poll, this);
+  queue_.clear();
+  if (!job_) return;
+  worker_.letGo();
+  static_cast<void>(job_.release()); // the worker's for what is left of the process
 }
 
 void FileOperations::waitUntilIdle()

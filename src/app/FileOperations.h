@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/DeclinedExternals.h"
 #include "app/FileDialogs.h"
 #include "app/FileJob.h"
 #include "app/FileWorker.h"
@@ -30,6 +31,14 @@ public:
   bool save(Model& model, const std::string& path, int version, bool synchronous);
   /// Asks first, then loads the current model's file again in its place.
   bool revert(bool synchronous);
+  /// Asks first, then loads the files anew that the current model refers to.
+  bool revertExternals(bool synchronous);
+  /// Asks first, then loads what the current model refers to and isn't loaded, whatever the preferences say, or drops
+  /// all of it.
+  bool loadExternals(bool synchronous);
+  bool unloadExternals();
+  /// Asks first whether to load those files anew that changed on disk, if the preferences want that and any did.
+  bool reloadChangedExternals(bool synchronous);
 
   // With a file dialog.
   void chooseAndOpen();
@@ -45,19 +54,25 @@ public:
   void dropWaiting();
   /// Runs the event loop until nothing runs or waits any more.
   void waitUntilIdle();
-  /// The one whose worker may speak now, null without.
-  FileJob* job() { return job_.get(); }
+  /// Something is being loaded just now: nothing is lost when the program ends.
+  bool loading() const { return job_ && job_->kind != FileOperationKind::save; }
+  /// Writes `model` on the calling thread, past an operation that runs. For the end of the program.
+  bool saveBeside(Model& model, const std::string& path, int version);
+  /// Gives up what runs and waits, the worker with it. The process must end without destroying what it may use.
+  void letGo();
 
 private:
   std::unique_ptr<FileJob> makeJob(FileOperationKind kind, const std::string& path);
   bool submit(std::unique_ptr<FileJob> job, bool synchronous);
   bool run(std::unique_ptr<FileJob> job, bool synchronous);
-  bool begin();
+  bool runExternals(FileOperationKind kind, Model& model, bool synchronous);
+  void showMessages(const FileJob& job);
   void startNext();
   static void poll(void* self);
   bool finish();
   void finishLoad();
-  void finishSave();
+  void finishSave(const FileJob& job);
+  void recordDone(const FileJob& job) const;
   void putBack();
   std::string currentPath() const;
 
@@ -65,6 +80,7 @@ private:
   std::deque<std::unique_ptr<FileJob>> queue_;
   std::unique_ptr<FileJob> job_;
   FileWorker worker_;
+  DeclinedExternals declined_;
   FileDialogs openDialog_;
   FileDialogs saveDialog_;
   FileDialogs importDialog_;

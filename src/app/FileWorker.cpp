@@ -2,11 +2,14 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <cstring>
+#include <string>
 
 namespace nalt {
 
 void FileWorker::runHere(FileJob& job)
 {
+  const FileJob::Work work(job);
   fileOperation(job.kind).work(job);
   job.outcome = job.errors.empty() ? FileJob::Outcome::done : FileJob::Outcome::failed;
 }
@@ -23,7 +26,13 @@ bool FileWorker::start(FileJob& job)
   if (error == 0) return true;
   errno = error;
   std::perror(fileOperation(job.kind).threadTag);
+  job.fail(std::string("Couldn't start to ") + fileOperation(job.kind).name + ": " + std::strerror(error) + ".");
   return false;
+}
+
+void FileWorker::letGo()
+{
+  pthread_detach(thread_);
 }
 
 void FileWorker::join()

@@ -13,9 +13,13 @@ public:
   /// Does the work on the calling thread instead.
   static void runHere(FileJob& job);
 
-  /// False, with the system's reason on the error stream, when no thread can be made. `job` must live until `join`.
+  /// False, with the system's reason on the error stream and in the job, when no thread can be made. `job` must live
+  /// until `join`.
   bool start(FileJob& job);
   void join();
+  /// Instead of `join`, when the process is about to end and a file that never answers mustn't stop it. The job stays
+  /// the thread's for ever.
+  void letGo();
 
 private:
   static void* main(void* job);

@@ -7,11 +7,16 @@
 #include "app/Session.h"
 #include "app/Splash.h"
 #include "app/ToolBars.h"
+#include "core/ApiReference.h"
+#include "core/Clipboard.h"
+#include "core/LuaText.h"
 #include "core/Model.h"
 #include "core/ModelGroup.h"
 #include "core/Preferences.h"
+#include "core/ScriptRecorder.h"
 #include "core/Tool.h"
 #include "fltapi/FltFile.h"
+#include "platform/Paths.h"
 #include "scene/view/ViewportLayout.h"
 
 #include <FL/Fl.H>
@@ -81,13 +86,18 @@ std::unique_ptr<Model> Gui::makeModel() const
                                  std::max(tabs.h() - tabRow, 1));
 }
 
-Model& Gui::addModel(std::unique_ptr<Model> owned, const std::vector<VPBase*>& viewports)
+int Gui::placeOf(const Model& model) const
+{
+  return GuiWidgets::get().tabs->find(model);
+}
+
+Model& Gui::addModel(std::unique_ptr<Model> owned, const std::vector<VPBase*>& viewports, int place)
 {
   Model& model = *owned;
   nameTab(model);
   takeSwitches(model);
   Fl_Tabs& tabs = *GuiWidgets::get().tabs;
-  tabs.add(owned.release());
+  tabs.insert(*owned.release(), place < 0 ? tabs.children() : place);
   keepTabRow(tabs);
   if (!headless_) {
     if (viewports.empty()) {
@@ -151,7 +161,10 @@ void Gui::showModel(Model* model)
 
 void Gui::tabChanged()
 {
-  if (auto* model = dynamic_cast<Model*>(GuiWidgets::get().tabs->value()); model && model != current_) showModel(model);
+  auto* model = dynamic_cast<Model*>(GuiWidgets::get().tabs->value());
+  if (!model || model == current_) return;
+  showModel(model);
+  record("setCurrentModel", luaCall("setCurrentModel", model->path()));
 }
 
 void Gui::nextModel(int step)
@@ -160,6 +173,7 @@ void Gui::nextModel(int step)
   if (count < 2 || !current_) return;
   const int place = GuiWidgets::get().tabs->find(current_);
   showModel(modelAt((place + step + count) % count));
+  record("setCurrentModel", luaCall("setCurrentModel", current_->path()));
 }
 
 Model* Gui::newModel(const std::string& filename)
@@ -241,9 +255,32 @@ void Gui::saveAs()
   if (!path.empty()) files_.save(model, path, saveVersionOf(model), /*synchronous=*/false);
 }
 
+void Gui::record(const std::string& function, const std::string& line)
+{
+  if (quiet_ || !recorder_ || !recorder_->recording()) return;
+  recorder_->appendComment(ApiReference::commentText(function));
+  recorder_->appendScript(line);
+}
+
+/// Copies can't outlive their document. A script's answers are about saving, so it isn't asked about the clipboard.
+bool Gui::mayEmptyClipboard(const Model& model)
+{
+  Clipboard& clipboard = Clipboard::get();
+  if (!clipboard.holdsFrom(model.fltFile())) return true;
+  if (!quiet_ && ask("Clipboard contents from " + fileNamePart(model.path()) +
+                     " will be removed.\nDo you still want to close the file?") != Answer::yes)
+    return false;
+  clipboard.clear();
+  return true;
+}
+
 bool Gui::saveAndWait(Model& model)
 {
   const bool canAsk = !quiet_ && !headless_;
+  if (files_.loading()) {
+    const std::string path = canAsk && model.isNew() ? files_.chooseSavePath(model) : model.path();
+    return !path.empty() && files_.saveBeside(model, path, saveVersionOf(model));
+  }
   if (canAsk && (model.isNew() || model.path() == untitled))
     saveAs();
   else
@@ -274,8 +311,11 @@ bool Gui::closeModel()
   if (!current_ || closing_) return false;
   closing_ = true;
   Model& model = *current_;
-  const bool closes = mayClose(model);
-  if (closes) removeModel(model);
+  const bool closes = mayEmptyClipboard(model) && mayClose(model);
+  if (closes) {
+    record("closeModel", luaCall("closeModel"));
+    removeModel(model);
+  }
   closing_ = false;
   updateWidgets();
   return closes;
@@ -291,15 +331,37 @@ void Gui::closeAllModels()
 void Gui::exitProgram()
 {
   if (closing_) return;
+  if (Fl_Window* editor = GuiWidgets::get().scriptEditor; editor && editor->shown()) {
+    info("Please close the script window before exiting.");
+    return;
+  }
   files_.dropWaiting();
+  if (files_.loading()) {
+    if (exitWhileLoading()) tearDown();
+    return;
+  }
   closeAllModels();
   if (modelCount() == 0) tearDown();
+}
+
+/// What is being loaded isn't waited for: a file on a dead network would keep the program for ever. The models stay as
+/// they are, since the worker may look at what they share. False when the user wants to go on.
+bool Gui::exitWhileLoading()
+{
+  closing_ = true;
+  bool leaves = true;
+  for (int i = 0; i < modelCount() && leaves; ++i)
+    leaves = mayClose(*modelAt(i));
+  closing_ = false;
+  return leaves;
 }
 
 void Gui::tearDown()
 {
   if (!headless_) saveSession(*this);
   splash_.reset();
+  abandonedWork_ = files_.loading();
+  files_.letGo();
   progress_.reset();
   if (Fl_Double_Window* window = GuiWidgets::get().mainWindow) window->hide();
 }

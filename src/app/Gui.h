@@ -41,7 +41,7 @@ public:
   void error(const std::string& text);
   Answer ask(const std::string& text) override;
   /// With a third answer, to give up what led to the question.
-  Answer askOrCancel(const std::string& text);
+  virtual Answer askOrCancel(const std::string& text);
   void waitCursor() override;
   void defaultCursor() override;
   void setStatusLine(const std::string& text) override;
@@ -79,6 +79,11 @@ public:
   void toolChanged(Model& model) override;
   void showAttributes(Model& model, const Selection& picked) override;
   void openDropped(const std::string& lines) override;
+  ScriptRecorder* scriptRecorder() override { return recorder_; }
+  /// The script editor, not owned; null when it goes.
+  void setScriptRecorder(ScriptRecorder* recorder) { recorder_ = recorder; }
+  /// Adds an act that isn't a command to the recording, if one runs and the user acts.
+  void record(const std::string& function, const std::string& line);
 
   // What menus and buttons call
   void createUntitled();
@@ -112,7 +117,10 @@ public:
   /// The model that shows exactly this path, null if none does.
   Model* modelWithPath(const std::string& path) const;
   /// Makes `model` a page of the tabs, with viewports unless headless; the tabs own it. It isn't current yet.
-  Model& addModel(std::unique_ptr<Model> model, const std::vector<VPBase*>& viewports = {});
+  /// A `place` below 0 is the last one.
+  Model& addModel(std::unique_ptr<Model> model, const std::vector<VPBase*>& viewports = {}, int place = -1);
+  /// The place of `model` among the tabs.
+  int placeOf(const Model& model) const;
   /// Takes `model` off the tabs; another one becomes current.
   std::unique_ptr<Model> removeModel(Model& model);
   /// Puts the name of `model`'s file on its tab, with a number where others have it too.
@@ -130,6 +138,8 @@ public:
   void setViewportPreferences(const ViewportPreferences& preferences) { viewportPreferences_ = preferences; }
   void setSplash(std::unique_ptr<Splash> splash);
   Splash* splash() { return splash_.get(); }
+  /// The program ended while a worker was still busy.
+  bool abandonedWork() const { return abandonedWork_; }
 
 private:
   void message(MessageKind kind, const std::string& text, bool append, MessageId id);
@@ -139,6 +149,8 @@ private:
   bool saveAndWait(Model& model);
   void takeSwitches(Model& model) const;
   void updateTitle();
+  bool mayEmptyClipboard(const Model& model);
+  bool exitWhileLoading();
   void tearDown();
 
   bool headless_;
@@ -150,6 +162,7 @@ private:
   std::set<MessageId> silenced_;
   bool waiting_ = false; ///< the wait cursor is on
   bool closing_ = false;
+  bool abandonedWork_ = false;
   ViewportPreferences viewportPreferences_;
   int selectionMode_ = 1;
   bool snapsToGrid_ = true;
@@ -158,6 +171,7 @@ private:
   RecentFiles recentFiles_;
   std::unique_ptr<ProgressWindow> progress_;
   std::unique_ptr<Splash> splash_;
+  ScriptRecorder* recorder_ = nullptr;
   Shell* shellBefore_;
   FileOperations files_;
 };

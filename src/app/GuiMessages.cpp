@@ -27,14 +27,14 @@ void Gui::error(const std::string& text)
 {
   if (onMainThread())
     warning(text, /*append=*/true);
-  else if (FileJob* job = files_.job())
+  else if (FileJob* job = FileJob::current())
     job->fail(text);
 }
 
 void Gui::message(MessageKind kind, const std::string& text, bool append, MessageId id)
 {
   if (!onMainThread()) {
-    if (FileJob* job = files_.job()) FileJob::queue(job->warnings, {kind, text, id}, append);
+    if (FileJob* job = FileJob::current()) FileJob::queue(job->warnings, {kind, text, id}, append);
     return;
   }
   if (silenced_.contains(id)) return;

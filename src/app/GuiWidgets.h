@@ -35,6 +35,7 @@ struct GuiWidgets {
   Fl_Output* selections = nullptr;
   std::array<Fl_Button*, 3> gridAlignment{}; ///< XY, XZ, YZ
   Fl_Button* parentButton = nullptr;
+  Fl_Window* scriptEditor = nullptr; ///< while there is one
   SelectionList* selectionList = nullptr;
   std::array<Fl_Button*, 6> palettes{}; ///< COL, TEX, TXM, MAT, LPT, SHD
   Fl_Group* toolPanel = nullptr;

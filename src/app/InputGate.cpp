@@ -11,6 +11,8 @@ namespace nalt {
 
 namespace {
 
+constexpr double focusDelay = 0.2; // seconds, in which a dialog that gave the focus back is gone
+
 bool isInput(int event)
 {
   switch (event) {
@@ -40,8 +42,18 @@ bool isOnOpenBar(const Fl_Window* window)
   return window == widgets.mainWindow && (Fl::event_inside(widgets.menuBar) || Fl::event_inside(widgets.upperToolBar));
 }
 
+void lookForChanges(void*)
+{
+  Fl_Window* const main = GuiWidgets::get().mainWindow;
+  if (main && main->shown() && !Fl::modal() && !Fl::grab())
+    Gui::get().files().reloadChangedExternals(/*synchronous=*/false);
+}
+
 int dispatch(int event, Fl_Window* window)
 {
+  // Back from another program, which may have changed a file. Asking must wait until this event is over.
+  if (event == FL_FOCUS && isInMainWindow(window) && !Fl::has_timeout(lookForChanges))
+    Fl::add_timeout(focusDelay, lookForChanges);
   const bool closed = isInput(event) && isInMainWindow(window) && !Fl::grab() && Gui::get().files().busy();
   if (!closed) return Fl::handle_(event, window);
   if (event == FL_KEYDOWN || event == FL_SHORTCUT) {

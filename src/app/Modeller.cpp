@@ -18,6 +18,7 @@
 #include <FL/Fl_Tooltip.H>
 
 #include <cstdio>
+#include <cstdlib>
 #include <string>
 #include <vector>
 
@@ -43,6 +44,13 @@ void dropStripes(Fl_Window& window)
 {
   Fl::scheme_bg_ = nullptr;
   window.image(nullptr);
+}
+
+/// With no destructors: a worker that nobody waits for may still use what they would take away.
+[[noreturn]] void leaveAtOnce()
+{
+  std::fflush(nullptr);
+  std::_Exit(0);
 }
 
 void openCommandLine(Gui& gui, int argc, char** argv)
@@ -91,6 +99,7 @@ int runModeller(int argc, char** argv)
     Fl::check();
     openCommandLine(gui, argc, argv);
     Fl::run();
+    if (gui.abandonedWork()) leaveAtOnce();
   }
   destroyMainWindow();
   return 0;

@@ -18,6 +18,22 @@
 
 namespace nalt {
 
+/// The controller without a display; a test gives the answers and sees what was asked.
+class AskingGui : public Gui {
+public:
+  AskingGui() : Gui(/*headless=*/true) {}
+
+  Answer ask(const std::string& text) override
+  {
+    questions.push_back(text);
+    return answer;
+  }
+  Answer askOrCancel(const std::string& text) override { return ask(text); }
+
+  std::vector<std::string> questions;
+  Answer answer = Answer::yes;
+};
+
 /// The controller without a display, and models of squares for it to work on.
 class GuiFixture : public testing::Test {
 protected:
@@ -83,7 +99,7 @@ protected:
 
   tests::TempFolder folder;
   std::vector<std::string> said; ///< by messages
-  Gui gui{/*headless=*/true};
+  AskingGui gui;
   DatabaseHost host{gui};
 };
 
