@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 #include <sstream>
+#include <string_view>
 
 namespace nalt {
 
@@ -33,14 +34,6 @@ std::string unescaped(const std::string& text)
   return result;
 }
 
-/// "file:///a", "file://host/a" and "file:/a" are all the path "/a".
-std::string pathOfUri(std::string uri)
-{
-  uri.erase(0, std::string("file:").size());
-  if (uri.starts_with("//")) uri.erase(0, std::min(uri.find('/', 2), uri.size()));
-  return unescaped(uri);
-}
-
 } // namespace
 
 bool isOpenFlightPath(const std::string& path)
@@ -59,6 +52,29 @@ FileLists sortFiles(const std::vector<std::string>& paths)
   for (const std::string& path : paths)
     (isOpenFlightPath(path) ? lists.open : lists.import).push_back(path);
   return lists;
+}
+
+std::string pathOfUri(std::string uri)
+{
+  uri.erase(0, std::string("file:").size());
+  if (uri.starts_with("//")) uri.erase(0, std::min(uri.find('/', 2), uri.size()));
+  return unescaped(uri);
+}
+
+std::string uriOfPath(const std::string& path)
+{
+  constexpr std::string_view plain = "-_.~/!$&'()*+,:=@";
+  constexpr std::string_view digits = "0123456789ABCDEF";
+  std::string uri = "file://";
+  for (const char c : path) {
+    const auto byte = static_cast<unsigned char>(c);
+    const bool letter = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9');
+    if (letter || plain.find(c) != std::string_view::npos)
+      uri += c;
+    else
+      uri += {'%', digits[byte >> 4U], digits[byte & 15U]};
+  }
+  return uri;
 }
 
 std::vector<std::string> pathsOfDrop(const std::string& lines)

@@ -18,6 +18,11 @@ struct FileLists {
 };
 FileLists sortFiles(const std::vector<std::string>& paths);
 
+/// The path that a "file:" URI means: "file:///a%20b", "file://host/a%20b" and "file:/a%20b" are all "/a b".
+std::string pathOfUri(std::string uri);
+/// The URI of an absolute path.
+std::string uriOfPath(const std::string& path);
+
 /// The paths in a drop: one path or "file:" URI in each line, URIs with their "%20" and host taken out.
 std::vector<std::string> pathsOfDrop(const std::string& lines);
 

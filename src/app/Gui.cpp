@@ -1,5 +1,6 @@
 #include "app/Gui.h"
 
+#include "app/DesktopRecentFiles.h"
 #include "app/FileLists.h"
 #include "app/GuiWidgets.h"
 #include "app/MenuBar.h"
@@ -374,7 +375,9 @@ void Gui::setSelectionMode(int number)
 
 void Gui::addRecent(const std::string& path)
 {
-  if (recentFiles_.add(path)) updateWidgets();
+  if (!recentFiles_.add(path)) return;
+  if (!headless_) noteOnDesktop(path);
+  updateWidgets();
 }
 
 void Gui::documentChanged(Model& model)

@@ -6,7 +6,7 @@
 
 namespace nalt {
 
-/// Owns an open file descriptor, or none. For the sources of platform/ only.
+/// Owns an open file descriptor, or none. For platform/ only.
 class Descriptor {
 public:
   Descriptor() = default;

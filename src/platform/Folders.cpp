@@ -22,13 +22,14 @@ std::string accountHome()
   return found->pw_dir ? found->pw_dir : "";
 }
 
-/// Where programs keep settings, or an empty path. A relative $XDG_CONFIG_HOME counts as unset, as its inventors ask.
-std::filesystem::path settingsRoot()
+/// The folder that `variable` names, or `otherwise` in the home folder, or an empty path. A relative folder in the
+/// variable counts as unset, as the inventors of these variables ask.
+std::filesystem::path userFolder(const char* variable, const char* otherwise)
 {
-  if (const auto root = environment("XDG_CONFIG_HOME"); root && root->starts_with('/')) return *root;
+  if (const auto root = environment(variable); root && root->starts_with('/')) return *root;
   std::string home = environment("HOME").value_or("");
   if (home.empty()) home = accountHome();
-  return home.empty() ? std::filesystem::path() : std::filesystem::path(home) / ".config";
+  return home.empty() ? std::filesystem::path() : std::filesystem::path(home) / otherwise;
 }
 
 /// Makes `folder` and what is missing above it. std::filesystem would make them open to everybody first.
@@ -44,10 +45,16 @@ bool makeFolders(const std::filesystem::path& folder)
 
 std::string configFolder()
 {
-  const std::filesystem::path root = settingsRoot();
+  const std::filesystem::path root = userFolder("XDG_CONFIG_HOME", ".config");
   if (root.empty()) return {};
   const std::filesystem::path folder = root / "Nalt";
   return makeFolders(folder) ? folder.string() : std::string();
+}
+
+std::string dataFolder()
+{
+  const std::filesystem::path folder = userFolder("XDG_DATA_HOME", ".local/share");
+  return !folder.empty() && makeFolders(folder) ? folder.string() : std::string();
 }
 
 } // namespace nalt

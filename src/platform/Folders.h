@@ -9,4 +9,7 @@ namespace nalt {
 /// for the user's eyes only. Empty if it can't be made.
 std::string configFolder();
 
+/// The folder of data that programs of this user share, made if it is missing; empty when there can be none.
+std::string dataFolder();
+
 } // namespace nalt

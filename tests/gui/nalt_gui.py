@@ -105,7 +105,8 @@ class Session:
 
     def launch(self, *files):
         environment = {**os.environ, "HOME": str(self.home)}
-        environment.pop("XDG_CONFIG_HOME", None)
+        for folder in ("XDG_CONFIG_HOME", "XDG_DATA_HOME"):
+            environment.pop(folder, None)
         self.output = open(self.folder / "output", "w+")
         self.process = subprocess.Popen([self.program, *map(str, files)], env=environment, cwd=self.folder,
                                         stdout=self.output, stderr=subprocess.STDOUT)
