@@ -122,7 +122,7 @@ private:
 bool showMessage(MessageKind kind, const std::string& text, bool canSilence)
 {
   const bool isWarning = kind == MessageKind::warning;
-  Dialog dialog(isWarning ? "Warning" : "Information", isWarning ? "dialog-warning" : "dialog-info", text,
+  Dialog dialog(isWarning ? "WARNING: " : "INFO: ", isWarning ? "dialog-warning" : "dialog-info", text,
                 {{"OK", Answer::yes}}, Answer::yes, canSilence);
   dialog.run();
   return dialog.silenced();

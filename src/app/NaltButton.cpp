@@ -5,22 +5,39 @@
 #include <FL/Fl.H>
 #include <FL/fl_draw.H>
 
+#include <algorithm>
+
 namespace nalt {
 
 namespace {
 
 constexpr int pictureSize = 24;
+constexpr int smallestPicture = 8;
 
-}
+} // namespace
 
-NaltButton::NaltButton(int x, int y, const char* picture, const char* tooltipText) : Fl_Button(x, y, size, size)
+NaltButton::NaltButton(int x, int y, const char* picture, const char* tooltipText)
+    : Fl_Button(x, y, size, size), picture_(picture)
 {
-  image(icon(picture, pictureSize));
-  deimage(disabledIcon(picture, pictureSize));
+  setPicture();
   tooltip(tooltipText);
   color(FL_BACKGROUND_COLOR);
   down_color(FL_SELECTION_COLOR);
   clear_visible_focus();
+}
+
+void NaltButton::setPicture()
+{
+  const int length = std::clamp(std::min(w(), h()) - 4, smallestPicture, pictureSize);
+  image(icon(picture_, length));
+  deimage(disabledIcon(picture_, length));
+}
+
+void NaltButton::resize(int newX, int newY, int newW, int newH)
+{
+  const bool other = newW != w() || newH != h();
+  Fl_Button::resize(newX, newY, newW, newH);
+  if (other) setPicture();
 }
 
 int NaltButton::handle(int event)

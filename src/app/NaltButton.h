@@ -14,11 +14,16 @@ public:
   NaltButton(int x, int y, const char* picture, const char* tooltip);
 
   int handle(int event) override;
+  /// Where it is narrow the picture is small.
+  void resize(int x, int y, int w, int h) override;
 
 protected:
   void draw() override;
 
 private:
+  void setPicture();
+
+  const char* picture_;
   bool hovered_ = false;
 };
 

@@ -16,6 +16,7 @@ namespace nalt {
 
 namespace {
 
+constexpr int seenAtLeast = 40; // pixels of a window, both ways
 constexpr const char* settingsName = "nalt.cfg";
 constexpr const char* helpServerFolders[] = {
     ".metadata",        "org.eclipse.core.runtime", "org.eclipse.equinox.app", "org.eclipse.help.base",
@@ -41,6 +42,31 @@ int titleBarHeight(Fl_Window& window)
   return window.decorated_h() - window.h();
 }
 
+/// A window that is larger than the screens together shrinks to the one that it is on, and one that lies beside them,
+/// because a screen is gone, comes back.
+void keepOnScreen(Fl_Window& window)
+{
+  int left = 0, top = 0, right = 0, bottom = 0;
+  for (int i = 0; i < Fl::screen_count(); ++i) {
+    int x = 0, y = 0, w = 0, h = 0;
+    Fl::screen_work_area(x, y, w, h, i);
+    left = std::min(left, x);
+    top = std::min(top, y);
+    right = std::max(right, x + w);
+    bottom = std::max(bottom, y + h);
+  }
+  const bool fits = window.w() <= right - left && window.h() <= bottom - top;
+  const bool isSeen = window.x() < right - seenAtLeast && window.x() + window.w() > left + seenAtLeast &&
+                      window.y() < bottom - seenAtLeast && window.y() + window.h() > top + seenAtLeast;
+  if (fits && isSeen) return;
+  int x = 0, y = 0, w = 0, h = 0;
+  Fl::screen_work_area(x, y, w, h, window.x(), window.y());
+  const int newWidth = std::min(window.w(), w);
+  const int newHeight = std::min(window.h(), h - titleBarHeight(window));
+  window.resize(std::clamp(window.x(), x, x + w - newWidth), std::clamp(window.y(), y, y + h - newHeight), newWidth,
+                newHeight);
+}
+
 } // namespace
 
 Session restoreSession(Gui& gui)
@@ -62,6 +88,7 @@ void placeMainWindow(const Session& session)
     window.resize(settings.x, settings.y, window.w(), window.h());
     window.resize(settings.x, settings.y, settings.width, settings.height);
   }
+  keepOnScreen(window);
   if (session.result.hasWindow && settings.maximized)
     maximizeWindow(fl_display, fl_xid(&window));
   else if (window.y() < titleBarHeight(window))

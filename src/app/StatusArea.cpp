@@ -1,8 +1,11 @@
 #include "app/StatusArea.h"
 
+#include "app/Action.h"
 #include "app/Gui.h"
 #include "app/GuiWidgets.h"
+#include "app/NarrowingGroup.h"
 #include "app/SelectionList.h"
+#include "core/GridOperations.h"
 #include "core/Model.h"
 #include "fltapi/AllRecords.h"
 
@@ -70,15 +73,28 @@ void addPointFields(GuiWidgets& widgets)
     addLabel(80, rowTops[i], 15, fieldHeight, axes[i]);
 }
 
+template <void (*align)(Model&, bool)>
+void alignGrid(Fl_Widget*, void*)
+{
+  Gui& gui = Gui::get();
+  if (Model* model = gui.currentModel(); model && when::idle(gui)) align(*model, /*undoable=*/true);
+}
+
 void addGridButtons(GuiWidgets& widgets)
 {
+  struct Plane {
+    const char* name;
+    const char* tooltip;
+    Fl_Callback* align;
+  };
+  constexpr std::array planes = {Plane{"XY", "Align Grid To XY", alignGrid<setXYGrid>},
+                                 Plane{"XZ", "Align Grid To XZ", alignGrid<setXZGrid>},
+                                 Plane{"YZ", "Align Grid To YZ", alignGrid<setYZGrid>}};
   addLabel(460, 671, fieldWidth, 18, "Grid Alignment:");
-  constexpr std::array planes = {"XY", "XZ", "YZ"};
-  constexpr std::array tooltips = {"Align Grid To XY (not in this version)", "Align Grid To XZ (not in this version)",
-                                   "Align Grid To YZ (not in this version)"};
   for (std::size_t i = 0; i < planes.size(); ++i) {
-    widgets.gridAlignment[i] = addButton(460 + 28 * static_cast<int>(i), rowTops[2], 28, planes[i], tooltips[i]);
-    widgets.gridAlignment[i]->deactivate();
+    Fl_Button* button = addButton(460 + 28 * static_cast<int>(i), rowTops[2], 28, planes[i].name, planes[i].tooltip);
+    button->callback(planes[i].align);
+    widgets.gridAlignment[i] = button;
   }
 }
 
@@ -131,7 +147,7 @@ osg::Vec3d ToolPoints::delta() const
 
 void buildStatusArea(GuiWidgets& widgets)
 {
-  auto* area = new Fl_Group(75, 632, 1079, 83);
+  auto* area = new NarrowingGroup(75, 632, 1079, 83);
   area->box(FL_FLAT_BOX);
   addPointFields(widgets);
   addLabel(460, titleTop, fieldWidth, 18, "Distance:");
@@ -145,9 +161,8 @@ void buildStatusArea(GuiWidgets& widgets)
   list->textsize(labelSize);
   list->tooltip("What is selected; a double click selects that one alone");
   widgets.selectionList = list;
-  auto* filler = new Fl_Box(890, titleTop, 264, 83);
   area->end();
-  area->resizable(filler);
+  area->keepPlaces();
 }
 
 void updateStatusArea(const Gui& gui)
@@ -155,6 +170,8 @@ void updateStatusArea(const Gui& gui)
   const GuiWidgets& widgets = GuiWidgets::get();
   Model* model = gui.currentModel();
   setText(*widgets.selections, std::to_string(model ? model->selections().size() : 0));
+  for (Fl_Button* button : widgets.gridAlignment)
+    model ? button->activate() : button->deactivate();
   if (const std::string name = parentName(model);
       name != (widgets.parentButton->label() ? widgets.parentButton->label() : ""))
     widgets.parentButton->copy_label(name.c_str());

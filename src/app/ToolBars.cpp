@@ -4,6 +4,7 @@
 #include "app/Gui.h"
 #include "app/GuiWidgets.h"
 #include "app/NaltButton.h"
+#include "app/NarrowingGroup.h"
 
 #include <FL/Fl_Box.H>
 #include <FL/Fl_Scroll.H>
@@ -165,6 +166,13 @@ void addSeparator(int x)
   line->color(fl_color_average(FL_BACKGROUND_COLOR, FL_BLACK, 0.8F));
 }
 
+void endGroup(NarrowingGroup& group, int right)
+{
+  group.end();
+  group.Fl_Widget::resize(group.x(), group.y(), right - group.x(), group.h());
+  group.keepPlaces();
+}
+
 } // namespace
 
 std::span<const ToolButton> upperToolBar()
@@ -179,29 +187,25 @@ std::span<const ToolButton> leftToolBar()
 
 void buildUpperToolBar(GuiWidgets& widgets)
 {
-  auto* bar = new Fl_Group(0, upperTop, upperWidth, NaltButton::size);
+  auto* bar = new NarrowingGroup(0, upperTop, upperWidth, NaltButton::size);
   bar->box(FL_FLAT_BOX);
   int x = 4;
-  Fl_Group* group = nullptr;
+  NarrowingGroup* group = nullptr;
   for (const ToolButton& row : upperButtons) {
     if (!group || !sameGroup(row, *(&row - 1))) {
       if (group) {
-        group->size(x - group->x(), NaltButton::size);
-        group->end();
+        endGroup(*group, x);
         addSeparator(x + 3);
         x += groupGap + 6;
       }
-      group = new Fl_Group(x, upperTop, 0, NaltButton::size);
-      group->resizable(nullptr);
+      group = new NarrowingGroup(x, upperTop, 0, NaltButton::size);
     }
     addButton(widgets, x, upperTop, row);
     x += NaltButton::size;
   }
-  group->size(x - group->x(), NaltButton::size);
-  group->end();
-  auto* filler = new Fl_Box(x, upperTop, upperWidth - x, NaltButton::size);
+  endGroup(*group, x);
   bar->end();
-  bar->resizable(filler);
+  bar->keepPlaces();
   widgets.upperToolBar = bar;
 }
 

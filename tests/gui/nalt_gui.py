@@ -12,6 +12,8 @@ from pathlib import Path
 
 TIMEOUT = 30.0  # seconds that the program may take for anything
 MAIN = r"^Nalt( - .*)?$"
+WARNING = "^WARNING: $"
+INFO = "^INFO: $"
 SPLASH = "^Welcome to Nalt$"
 
 
@@ -122,7 +124,7 @@ class Session:
         """The same when the program has something to say about `files`, which then waits for an answer."""
         self.launch(*files)
         self.main = self.window(MAIN)
-        self.window("^Warning$")
+        self.window(WARNING)
 
     def close_splash(self):
         self.click(20, 20, window=self.window(SPLASH))
@@ -139,6 +141,7 @@ class Session:
     # ---- windows ------------------------------------------------------------------------------------------------------
 
     def windows(self, title):
+        title = {"^Warning$": WARNING, "^Information$": INFO}.get(title, title)
         if self.process.poll() is not None:
             raise Failed(f"the program ended with status {self.process.returncode}: {self.text_output()}")
         return [int(line) for line in
@@ -198,6 +201,10 @@ class Session:
         self.key(key, window=window)
         poll(f"the window with the title {title} to go", lambda: window not in self.windows(title))
         self.focus_main()
+
+    def answer_last(self, title, key):
+        """The same for an answer that ends the program."""
+        self.key(key, window=self.window(title))
 
     def focus_main(self):
         xdotool("windowfocus", "--sync", self.main)
