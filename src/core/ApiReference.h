@@ -121,6 +121,9 @@ struct ApiFunction {
 struct ApiFamily {
   std::string_view title;
   std::span<const ApiFunction> functions;
+  std::string_view introduction; ///< a paragraph: what the functions have in common
+  /// Lua that shows them at work; it runs with any model open. Empty where there is nothing to show.
+  std::string_view example = {};
 };
 
 /// All functions that scripts can call. Constant data: any thread may read it.

@@ -1,5 +1,6 @@
 #include "core/ApiReference.h"
 #include "script/ApiDocuments.h"
+#include "script/Bindings.h"
 
 #include <algorithm>
 #include <set>
@@ -122,6 +123,7 @@ std::string entry(const ApiFunction& function)
   text += "```lua\nnalt." + ApiReference::signature(function) + "\n```\n\n" + flowing(function.description) + '\n';
   if (const auto alias = ApiReference::aliasFor(function); !alias.empty())
     text += "`nalt." + std::string(alias) + "` is another name of it.\n";
+  if (!isImplemented(function.name)) text += "\n*Not implemented yet: warns and gives its neutral result.*\n";
 
   ArgumentTable arguments;
   arguments.add(function.arguments);
@@ -154,7 +156,8 @@ std::string apiManual()
   for (const auto& family : ApiReference::families())
     text += "- [" + std::string(family.title) + "](#" + anchor(family.title) + ")\n";
   for (const auto& family : ApiReference::families()) {
-    text += "\n## " + std::string(family.title) + '\n';
+    text += "\n## " + std::string(family.title) + "\n\n" + std::string(family.introduction) + '\n';
+    if (!family.example.empty()) text += "\nExample:\n\n```lua\n" + std::string(family.example) + "```\n";
     for (const auto& function : family.functions)
       if (function.aliasOf.empty()) text += entry(function);
   }

@@ -83,6 +83,11 @@ int callFunction(lua_State* lua)
 
 } // namespace
 
+bool isImplemented(std::string_view name)
+{
+  return entryOf(name).binding != nullptr;
+}
+
 void registerBindings(lua_State* lua)
 {
   lua_newtable(lua);

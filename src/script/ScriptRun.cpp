@@ -1,7 +1,9 @@
 #include "script/ScriptRun.h"
 
+#include "core/Clipboard.h"
 #include "core/Model.h"
 #include "core/Shell.h"
+#include "core/Tool.h"
 #include "platform/Environment.h"
 
 #include <fstream>
@@ -11,6 +13,16 @@
 namespace nalt {
 
 namespace {
+
+/// Closes the shell's current model without saving. What was copied from it goes first, or the shell would ask about it
+/// and take the "no" for keeping the model.
+bool closeInShell(const Model& model)
+{
+  auto& clipboard = Clipboard::get();
+  if (clipboard.holdsFrom(model.fltFile())) clipboard.clear();
+  Shell::get().setPresetAnswer(Answer::no);
+  return Shell::get().closeModel();
+}
 
 std::function<void(const std::string&)>& outputPane()
 {
@@ -46,6 +58,7 @@ ScriptRun::ScriptRun(bool batch)
   auto& shell = Shell::get();
   shell.waitCursor();
   shell.setQuiet(true, wasBatch_ || batch);
+  if (auto* model = shell.currentModel()) model->setTool(nullptr);
   if (!batch) takeOpenModels();
 }
 
@@ -111,12 +124,14 @@ void ScriptRun::replaceCurrent()
   if (currentModel_) models_[currentFilename_] = currentModel_;
 }
 
-void ScriptRun::dropCurrent()
+bool ScriptRun::closeCurrent()
 {
+  if (!currentModel_ || !closeInShell(*currentModel_)) return false;
   switchedModels_ = true;
   models_.erase(currentFilename_);
   currentModel_ = Shell::get().currentModel();
   currentFilename_ = currentModel_ ? currentModel_->path() : std::string{};
+  return true;
 }
 
 void ScriptRun::closeAll()
@@ -126,8 +141,7 @@ void ScriptRun::closeAll()
   std::map<std::string, Model*> kept; // a shell may refuse to close a model, which is then still there
   for (const auto& [filename, model] : models_) {
     shell.setCurrentModel(*model);
-    shell.setPresetAnswer(Answer::no); // not to save
-    if (!shell.closeModel()) kept[filename] = model;
+    if (!closeInShell(*model)) kept[filename] = model;
   }
   models_ = std::move(kept);
   currentModel_ = nullptr;

@@ -58,8 +58,8 @@ public:
   void enter(Model& model);
   /// The current model has another path now.
   void rename();
-  /// The current model is gone; the window's current one, if any, takes its place.
-  void dropCurrent();
+  /// Closes the current model without saving; the window's next one, if any, takes its place. False when it stays.
+  bool closeCurrent();
   void setCurrent(Model& model);
   /// The current model was loaded anew and is another object now.
   void replaceCurrent();

@@ -1,3 +1,7 @@
+#include "core/Clipboard.h"
+#include "core/Tool.h"
+#include "fltapi/FltFile.h"
+#include "fltapi/nodes/HeaderRecord.h"
 #include "tests/script/ScriptTest.h"
 
 namespace nalt {
@@ -207,6 +211,39 @@ TEST_F(ScriptRunTest, WritesMessagesToStandardOutputWithoutARun)
   testing::internal::CaptureStdout();
   scriptMessage("WARNING: alone");
   EXPECT_EQ(testing::internal::GetCapturedStdout(), "WARNING: alone\n");
+}
+
+// ---- what stands in a run's way ------------------------------------------------------------------------------------
+
+TEST_F(ScriptRunTest, EndsTheToolOfTheCurrentModel)
+{
+  class IdleTool : public Tool {
+  public:
+    explicit IdleTool(bool& ended) : Tool(Writes::nothing), ended_(ended) {}
+    ~IdleTool() override { ended_ = true; }
+    void run() override {}
+
+  private:
+    bool& ended_;
+  };
+  bool ended = false;
+  auto* model = shell.newModel("a.flt");
+  model->setTool(std::make_unique<IdleTool>(ended));
+  ASSERT_NE(model->tool(), nullptr);
+  const ScriptRun run(/*batch=*/false);
+  EXPECT_EQ(model->tool(), nullptr);
+  EXPECT_TRUE(ended);
+}
+
+TEST_F(ScriptRunTest, ForgetsWhatWasCopiedFromAModelThatItCloses)
+{
+  auto* model = shell.newModel("a.flt");
+  shell.newModel("b.flt");
+  Clipboard::get().add(*model->fltFile()->header(), *model->fltFile());
+  ASSERT_TRUE(execute("nalt.setCurrentModel('b.flt') nalt.closeModel()")) << error;
+  EXPECT_FALSE(Clipboard::get().empty()) << "nothing was copied from that one";
+  ASSERT_TRUE(execute("nalt.closeAllModels()")) << error;
+  EXPECT_TRUE(Clipboard::get().empty());
 }
 
 } // namespace nalt

@@ -67,8 +67,9 @@ TEST_F(SelectionBindings, FindGeometry)
 TEST_F(SelectionBindings, CountChildrenOfOneNode)
 {
   EXPECT_EQ(
-      printed("for _, name in ipairs{'g1', 'o1', 'o2'} do nalt.selectByName(name) print(nalt.getNumChildren()) end"),
-      "2\n2\n0\n");
+      printed(
+          "for _, name in ipairs{'g1', 'o1', 'o2', 'p1'} do nalt.selectByName(name) print(nalt.getNumChildren()) end"),
+      "2\n2\n0\n0\n");
   EXPECT_TRUE(shell.messages.empty());
   EXPECT_EQ(
       printed("nalt.selectByName('o1', 'o2') print(nalt.getNumChildren()) nalt.selectNone() nalt.getNumChildren()"),

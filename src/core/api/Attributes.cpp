@@ -91,6 +91,12 @@ constexpr ApiFunction functions[] = {
 
 } // namespace
 
-constinit const ApiFamily attributes{"Attributes and switch masks", functions};
+constinit const ApiFamily attributes{
+    "Attributes and switch masks",
+    functions,
+    "Attributes are named by their labels in the attribute panels, with or without the colon, in any case. A layer of "
+    "a "
+    "texture is named behind the label: \"Texture Index (layer 1)\".",
+};
 
 } // namespace nalt::api

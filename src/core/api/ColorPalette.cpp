@@ -62,6 +62,14 @@ constexpr ApiFunction functions[] = {
 
 } // namespace
 
-constinit const ApiFamily colorPalette{"Color palette", functions};
+constinit const ApiFamily colorPalette{
+    "Color palette",
+    functions,
+    "A model has either indexed colors, 1024 of them with 128 intensities each, or RGB colors.",
+    "nalt.setCurrentColorIndex(12)\n"
+    "nalt.setCurrentColorIntensity(64)\n"
+    "print(nalt.getCurrentColorIndex(), nalt.getCurrentColorIntensity())\n"
+    "if nalt.getCurrentColorRGB() ~= -1 then nalt.setCurrentColorRGB(255, 128, 0) end\n",
+};
 
 } // namespace nalt::api

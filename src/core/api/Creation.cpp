@@ -87,6 +87,10 @@ constexpr ApiFunction functions[] = {
 
 } // namespace
 
-constinit const ApiFamily creation{"Creation", functions};
+constinit const ApiFamily creation{
+    "Creation",
+    functions,
+    "New geometry goes below the current parent and gets a name of its own, which the functions give back.",
+};
 
 } // namespace nalt::api

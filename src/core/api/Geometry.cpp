@@ -116,6 +116,10 @@ constexpr ApiFunction functions[] = {
 
 } // namespace
 
-constinit const ApiFamily geometry{"Geometry tools", functions};
+constinit const ApiFamily geometry{
+    "Geometry tools",
+    functions,
+    "What the tools of the MODIFY group do. None changes what an external reference shows.",
+};
 
 } // namespace nalt::api

@@ -62,6 +62,16 @@ constexpr ApiFunction functions[] = {
 
 } // namespace
 
-constinit const ApiFamily grid{"Grid", functions};
+constinit const ApiFamily grid{
+    "Grid",
+    functions,
+    "Three points lay the grid: its origin, a point on its first axis, and a third one in its plane. They are kept as "
+    "they are given. Each model has its own grid; undo leaves it alone.",
+    "nalt.setXYGrid()\n"
+    "nalt.setGridOrigin(10, 0, 2)                  -- all three points move along\n"
+    "nalt.addGridOffset(-2)                        -- back down, along the normal\n"
+    "print(nalt.getGridOrigin())                   -- 10 0 0\n"
+    "nalt.setGridSpacing(0.5)\n",
+};
 
 } // namespace nalt::api

@@ -37,6 +37,15 @@ constexpr ApiFunction functions[] = {
 
 } // namespace
 
-constinit const ApiFamily hierarchy{"Hierarchy and clipboard", functions};
+constinit const ApiFamily hierarchy{
+    "Hierarchy and clipboard",
+    functions,
+    "What the Edit menu does with the selected nodes. New and pasted nodes go to the current parent, which is the "
+    "header "
+    "of a new or opened model.",
+    "nalt.selectNone()\n"
+    "if nalt.selectSliverPolygons() then nalt.delete() end\n"
+    "print(nalt.getParent())                       -- the name of the header\n",
+};
 
 } // namespace nalt::api

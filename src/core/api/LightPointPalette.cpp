@@ -143,6 +143,10 @@ constexpr ApiFunction functions[] = {
 
 } // namespace
 
-constinit const ApiFamily lightPointPalette{"Light point palette", functions};
+constinit const ApiFamily lightPointPalette{
+    "Light point palette",
+    functions,
+    "How indexed light points look, and how they move and flash.",
+};
 
 } // namespace nalt::api

@@ -123,6 +123,10 @@ constexpr ApiFunction functions[] = {
 
 } // namespace
 
-constinit const ApiFamily materialPalette{"Material palette", functions};
+constinit const ApiFamily materialPalette{
+    "Material palette",
+    functions,
+    "The materials of a model. Colors are 0 to 255 in scripts, whatever the file holds.",
+};
 
 } // namespace nalt::api

@@ -86,6 +86,22 @@ constexpr ApiFunction functions[] = {
 
 } // namespace
 
-constinit const ApiFamily models{"Models", functions};
+constinit const ApiFamily models{
+    "Models",
+    functions,
+    "A script has any number of models open, each under its filename, and one of them is the current model: all other "
+    "functions work on that one. A run with no window starts with none; in the window the open models are the "
+    "script's. "
+    "The filename is the key: two models can't have the same, and setCurrentModel takes it as it was given. "
+    "saveModelAs adds \".flt\" where it is missing and goes on under the new name. What goes wrong with "
+    "a file is a warning in the output.",
+    "assert(nalt.newModel(\"empty.flt\"))\n"
+    "assert(nalt.saveModelAs(\"copy\", 1570))       -- writes copy.flt as version 15.7\n"
+    "print(nalt.getCurrentModelFilename())         -- copy.flt\n"
+    "nalt.closeModel()\n"
+    "if nalt.openModel(\"copy.flt\") then\n"
+    "  print(nalt.isModelUnsaved())                -- false\n"
+    "end\n",
+};
 
 } // namespace nalt::api

@@ -52,6 +52,14 @@ constexpr ApiFunction functions[] = {
 
 } // namespace
 
-constinit const ApiFamily reports{"Pivot and reports", functions};
+constinit const ApiFamily reports{
+    "Pivot and reports",
+    functions,
+    "The pivot point lies in the centre of what is selected, until it is set elsewhere.",
+    "if nalt.selectAll(\"POLYGON\") then\n"
+    "  local x, y, z = nalt.getPivot()             -- the centre of all polygons\n"
+    "  print(x, y, z)\n"
+    "end\n",
+};
 
 } // namespace nalt::api

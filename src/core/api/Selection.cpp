@@ -109,6 +109,20 @@ constexpr ApiFunction functions[] = {
 
 } // namespace
 
-constinit const ApiFamily selection{"Selection", functions};
+constinit const ApiFamily selection{
+    "Selection",
+    functions,
+    "Most functions work on what is selected. Each family of primitives has its own selection mode, and selections of "
+    "several modes stand side by side. A function that finds nothing leaves the selection as it was and gives false. "
+    "Parts of a polygon are named by it: \"p1/V0\" is its first vertex, \"p1/E0\" the edge from there to the next. "
+    "selectChildren and traverse lead into external references, the others stay outside.",
+    "if nalt.selectAll(\"OBJECT\") then\n"
+    "  print(nalt.getNumSelectedPrimitives(\"OBJECT\"))\n"
+    "  nalt.convertSelection(\"POLYGON\")            -- all polygons below the objects\n"
+    "end\n"
+    "nalt.selectByName(\"ground\", {\"tower\", \"hangar\"}, true)\n"
+    "nalt.selectByName(\"p1/V0\", false, true)       -- one vertex joins\n"
+    "for i, name in ipairs(nalt.getSelectionNames()) do print(i, name) end\n",
+};
 
 } // namespace nalt::api

@@ -62,6 +62,19 @@ constexpr ApiFunction functions[] = {
 
 } // namespace
 
-constinit const ApiFamily services{"Script services", functions};
+constinit const ApiFamily services{
+    "Script services",
+    functions,
+    "Other scripts, walks over what is selected, and settings of the program. executeMacro runs another script with "
+    "named values as its globals; its error is the caller's. traverse calls functions on nodes and selects each "
+    "node for them, so that every other function works on just that node.",
+    "local depth = 0\n"
+    "nalt.selectAll(\"HEADER\")\n"
+    "nalt.traverse(function(kind)\n"
+    "  print((\"  \"):rep(depth) .. kind .. \" \" .. (nalt.getSelectionNames()[1] or \"\"))\n"
+    "  depth = depth + 1\n"
+    "  return kind ~= \"POLYGON\"                   -- not into the vertices\n"
+    "end, function() depth = depth - 1 end)\n",
+};
 
 } // namespace nalt::api

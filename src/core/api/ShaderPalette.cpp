@@ -189,6 +189,10 @@ constexpr ApiFunction functions[] = {
 
 } // namespace
 
-constinit const ApiFamily shaderPalette{"Shader palette", functions};
+constinit const ApiFamily shaderPalette{
+    "Shader palette",
+    functions,
+    "GLSL and Cg programs. Program indices count from 0.",
+};
 
 } // namespace nalt::api

@@ -70,6 +70,12 @@ constexpr ApiFunction functions[] = {
 
 } // namespace
 
-constinit const ApiFamily surface{"Surface", functions};
+constinit const ApiFamily surface{
+    "Surface",
+    functions,
+    "Applying puts the current palette entry on the selected geometry, reading makes an entry of the geometry the "
+    "current "
+    "one.",
+};
 
 } // namespace nalt::api

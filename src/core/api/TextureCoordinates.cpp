@@ -186,6 +186,10 @@ constexpr ApiFunction functions[] = {
 
 } // namespace
 
-constinit const ApiFamily textureCoordinates{"Texture coordinates", functions};
+constinit const ApiFamily textureCoordinates{
+    "Texture coordinates",
+    functions,
+    "Layers count from 0 to 7. A form of mapTexture is chosen by its type.",
+};
 
 } // namespace nalt::api

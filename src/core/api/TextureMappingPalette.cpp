@@ -97,6 +97,10 @@ constexpr ApiFunction functions[] = {
 
 } // namespace
 
-constinit const ApiFamily textureMappingPalette{"Texture mapping palette", functions};
+constinit const ApiFamily textureMappingPalette{
+    "Texture mapping palette",
+    functions,
+    "Recipes for laying a texture on geometry.",
+};
 
 } // namespace nalt::api

@@ -118,6 +118,10 @@ constexpr ApiFunction functions[] = {
 
 } // namespace
 
-constinit const ApiFamily texturePalette{"Texture palette", functions};
+constinit const ApiFamily texturePalette{
+    "Texture palette",
+    functions,
+    "The textures of a model, each an image file and the attribute file beside it.",
+};
 
 } // namespace nalt::api

@@ -227,6 +227,14 @@ constexpr ApiFunction functions[] = {
 
 } // namespace
 
-constinit const ApiFamily transforms{"Transforms", functions};
+constinit const ApiFamily transforms{
+    "Transforms",
+    functions,
+    "Moving, turning and scaling what is selected: at once, or by a list of transformation matrices that stays with "
+    "the "
+    "node. Turning and scaling are about the pivot point. With soft selection vertices around the selected ones "
+    "follow, "
+    "the less the farther they are.",
+};
 
 } // namespace nalt::api

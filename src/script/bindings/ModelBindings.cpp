@@ -124,8 +124,7 @@ int isModelUnsaved(Call& call)
 
 int closeModel(Call& call)
 {
-  Shell::get().setPresetAnswer(Answer::no); // not to save
-  if (Shell::get().closeModel()) call.run().dropCurrent();
+  call.run().closeCurrent();
   return call.giveNothing();
 }
 

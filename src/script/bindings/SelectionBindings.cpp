@@ -6,6 +6,7 @@
 #include "fltapi/nodes/FaceRecord.h"
 #include "script/Call.h"
 
+#include <algorithm>
 #include <lua.hpp>
 
 namespace nalt::bindings {
@@ -149,7 +150,11 @@ int getNumChildren(Call& call)
 {
   const auto* node = singleNode(call.model());
   if (!node) return refuse(call, "Can only get number of children from one single node.");
-  return giveCount(call, static_cast<std::size_t>(node->primaryChildCount()));
+  // A vertex list is how a polygon keeps its vertices, no node that anybody could select.
+  const auto isNode = [](const fltapi::PrimNodeRecord* child) {
+    return child->opcode() != fltapi::VertexListRecord::code;
+  };
+  return giveCount(call, static_cast<std::size_t>(std::ranges::count_if(node->primaryChildren(), isNode)));
 }
 
 int getNumVertices(Call& call)
