@@ -145,6 +145,7 @@ nalt.setTolerance(0.0001)
 
 -- Slivers need an angle and an area below the tolerance.
 nalt.selectNone()
+selects("p4", nalt.selectSliverPolygons())
 findsNothing(nalt.selectSliverPolygons)
 nalt.setTolerance(46)
 nalt.selectNone()

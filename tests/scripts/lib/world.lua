@@ -41,13 +41,13 @@ end
 local square = {{0, 0, 0}, {2, 0, 0}, {2, 2, 0}, {0, 2, 0}}
 local triangle = {{2, 0, 0}, {4, 0, 0}, {2, 2, 0}}
 local high = {{0, 0, 5}, {2, 0, 5}, {2, 2, 5}, {0, 2, 5}}
-local needle = {{8, 8, 0}, {8.00001, 8, 0}, {8.00001, 8.00001, 0}}
+local needle = {{8, 8, 0}, {9, 8, 0}, {8.5, 8.0000001, 0}}
 
 -- Writes "part.flt", which the external of "world.flt" refers to: one group, object and polygon.
 -- Writes "world.flt":
 --
 --   db  g1  o1  p1 a square of side 2 at the origin, p2 a triangle beside it, p3 the square again 5 higher
---           o2  p4 a tiny triangle
+--           o2  p4 a triangle as thin as a needle
 --       l1  o3  p5 a triangle
 --       d1  o4
 --       sw1 o5, o6
@@ -73,6 +73,32 @@ function world.write()
   model:add(world.node("LIGHTPOINTSYSTEM", "lps1"))
   model:add(world.node("SOUND", "snd1"))
   model:write("world.flt")
+end
+
+-- Writes a model without nodes whose palettes of all kinds have entries of these numbers.
+function world.writePalettes(path, indices)
+  local records = {}
+  local function add(opcode, length, indexAt, index)
+    local content = string.rep("\0", indexAt - 4) .. bigEndian(index, 4)
+    records[#records + 1] = record(opcode, content .. string.rep("\0", length - 4 - #content))
+  end
+  for _, index in ipairs(indices) do
+    add(64, 216, 204, index) -- textures
+    add(113, 84, 4, index) -- materials
+    add(112, 396, 8, index) -- texture mappings; their length is that of no known type
+    add(128, 412, 264, index) -- light point appearances
+    add(129, 320, 264, index) -- light point animations
+    add(133, 1036, 4, index) -- shaders
+  end
+  local model = flt.new()
+  model:write(path)
+  local file = assert(io.open(path, "rb"))
+  local content = file:read("*a")
+  file:close()
+  local header = 324
+  file = assert(io.open(path, "wb"))
+  file:write(content:sub(1, header), table.concat(records), content:sub(header + 1))
+  file:close()
 end
 
 -- Writes and opens "world.flt".
