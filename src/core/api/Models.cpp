@@ -96,7 +96,7 @@ constinit const ApiFamily models{
     "saveModelAs adds \".flt\" where it is missing and goes on under the new name. What goes wrong with "
     "a file is a warning in the output.",
     "assert(nalt.newModel(\"empty.flt\"))\n"
-    "assert(nalt.saveModelAs(\"copy\", 1570))       -- writes copy.flt as version 15.7\n"
+    "assert(nalt.saveModelAs(\"copy\", 1570))        -- writes copy.flt as version 15.7\n"
     "print(nalt.getCurrentModelFilename())         -- copy.flt\n"
     "nalt.closeModel()\n"
     "if nalt.openModel(\"copy.flt\") then\n"
