@@ -146,6 +146,16 @@ TEST_F(ExternalReferences, madeOnAnotherSystemAreFoundInSpiteOfSeparatorsAndLett
   EXPECT_EQ(references(*file).front()->getName(), "parts\\TANK.FLT") << "the record's own text stays";
 }
 
+TEST_F(ExternalReferences, areFoundAsTheyAreSpelledBeforeTheyAreFoundInOtherLetterCase)
+{
+  write("library/TANK.flt", fileWith("other"));
+  write("tank.flt", fileWith("exact"));
+  const ScopedEnvironment searchPath("NALT_FILE_PATH", bench.path("library"));
+  EXPECT_EQ(shownByFirst(*bench.load(flt::file(flt::external("tank.flt")))), "exact");
+  std::filesystem::remove(bench.path("tank.flt"));
+  EXPECT_EQ(shownByFirst(*bench.load(flt::file(flt::external("tank.flt")))), "other");
+}
+
 TEST_F(ExternalReferences, toOneNodeOfAFileShowTheWholeFile)
 {
   write("tank.flt", fileWith("tank"));

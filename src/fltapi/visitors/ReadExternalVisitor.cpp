@@ -38,6 +38,12 @@ std::string withoutNodeName(const std::string& path)
   return bracket != std::string::npos && path.ends_with('>') ? path.substr(0, bracket) : std::string{};
 }
 
+bool isFile(const std::string& path)
+{
+  std::error_code error;
+  return std::filesystem::is_regular_file(path, error);
+}
+
 int levelsAbove(const PrimNodeRecord& node)
 {
   int levels = 0;
@@ -92,9 +98,16 @@ osg::ref_ptr<FltFile> ReadExternalVisitor::loadFirst(const ExternalRecord& exter
                                                      std::string& foundPath)
 {
   if (path.empty()) return nullptr;
-  for (const auto& candidate : candidates(path)) {
-    foundPath = nalt::findFileIgnoringCase(candidate);
-    if (foundPath.empty()) continue;
+  const auto places = candidates(path);
+  for (const auto& place : places) {
+    if (!isFile(place)) continue;
+    foundPath = place;
+    if (auto file = fileAt(foundPath, external)) return file;
+  }
+  // Nowhere to be found as it is spelled: paths of other systems may differ in letter case.
+  for (const auto& place : places) {
+    foundPath = nalt::findFileIgnoringCase(place);
+    if (foundPath.empty() || foundPath == place) continue;
     if (auto file = fileAt(foundPath, external)) return file;
   }
   return nullptr;

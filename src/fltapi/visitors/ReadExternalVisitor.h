@@ -8,7 +8,8 @@ namespace fltapi {
 /// Loads the content of the external references of one file that show none yet.
 ///
 /// A referenced file is looked for at its path as it stands, then in each folder of the search path, then beside the
-/// file that refers to it; in each folder first by the path, then by the file's name alone.
+/// file that refers to it; in each folder first by the path, then by the file's name alone. Only when it is nowhere as
+/// it is spelled, the same places are searched without regard to letter case.
 class ReadExternalVisitor : public RecordVisitor {
 public:
   explicit ReadExternalVisitor(FltFile& referrer) : referrer_(referrer) {}
