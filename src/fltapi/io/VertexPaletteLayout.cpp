@@ -85,7 +85,11 @@ void VertexPaletteLayout::add(const VertexBaseRecord& vertex)
 
 std::uint32_t VertexPaletteLayout::offsetOf(const VertexBaseRecord& vertex) const
 {
-  return static_cast<std::uint32_t>(entries_[table_[slotOf(vertex, tagOf(vertex))].entry].offset);
+  // Lists are written about in the order in which their vertices were added.
+  const bool expected = expected_ < entries_.size() && entries_[expected_].vertex == &vertex;
+  const auto entry = expected ? expected_ : table_[slotOf(vertex, tagOf(vertex))].entry;
+  if (entries_[entry].vertex == &vertex) expected_ = entry + 1;
+  return static_cast<std::uint32_t>(entries_[entry].offset);
 }
 
 } // namespace fltapi

@@ -47,6 +47,7 @@ private:
   std::vector<Entry> entries_;
   std::vector<Slot> table_; ///< open addressing; a power of two long
   std::uint64_t length_ = 8;
+  mutable std::size_t expected_ = 0; ///< entry that offsetOf() looks at first
 };
 
 } // namespace fltapi
