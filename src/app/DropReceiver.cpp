@@ -1,7 +1,5 @@
 #include "app/DropReceiver.h"
 
-#include "core/Shell.h"
-
 #include <FL/Fl.H>
 #include <FL/Fl_Widget.H>
 
@@ -9,29 +7,17 @@ namespace nalt {
 
 namespace {
 
-/// Never shown; FLTK sends the text of a drop to the widget that it takes for the one below the mouse.
-class Receiver : public Fl_Widget {
-public:
-  Receiver() : Fl_Widget(0, 0, 0, 0) {}
-  void draw() override {}
-  int handle(int event) override
-  {
-    if (event != FL_PASTE) return 0;
-    Shell::get().openDropped(Fl::event_text() ? Fl::event_text() : "");
-    return 1;
-  }
-};
+Fl_Widget* theReceiver = nullptr;
 
 int handleDrop(int event)
 {
-  static Receiver receiver;
   switch (event) {
   case FL_DND_ENTER:
   case FL_DND_DRAG:
   case FL_DND_LEAVE:
     return 1;
   case FL_DND_RELEASE:
-    Fl::belowmouse(&receiver);
+    Fl::belowmouse(theReceiver); // FLTK sends the text to the widget that it takes for the one below the mouse
     return 1;
   default:
     return 0;
@@ -40,8 +26,9 @@ int handleDrop(int event)
 
 } // namespace
 
-void installDropReceiver()
+void installDropReceiver(Fl_Widget& receiver)
 {
+  theReceiver = &receiver;
   Fl::add_handler(handleDrop);
 }
 

@@ -1,6 +1,7 @@
 #include "app/Gui.h"
 
 #include "app/DesktopRecentFiles.h"
+#include "app/EventHandler.h"
 #include "app/FileLists.h"
 #include "app/GuiWidgets.h"
 #include "app/MenuBar.h"
@@ -33,6 +34,14 @@ namespace {
 
 constexpr const char* untitled = "untitled.flt";
 constexpr int tabRow = 15; // pixels of the tabs' own at the top of their area
+
+/// Keys that nothing else wants are for the active viewport of `model`.
+void giveKeyboardTo(const Model* model)
+{
+  auto* events = EventHandler::get();
+  VPBase* viewport = model ? model->activeViewport() : nullptr;
+  if (events) events->setKeyboardWidget(viewport ? &viewport->widget() : nullptr);
+}
 
 /// A page takes all of a change in size, so that the row of labels keeps its height.
 void keepTabRow(Fl_Tabs& tabs)
@@ -140,6 +149,7 @@ void Gui::showModel(Model* model)
   if (model != current_) toolPointsCleared();
   if (current_ && current_ != model) current_->setTool(nullptr);
   current_ = model;
+  giveKeyboardTo(model);
   if (headless_) return;
   followSelection(model);
   GuiWidgets& widgets = GuiWidgets::get();
@@ -387,7 +397,9 @@ void Gui::documentChanged(Model& model)
 
 void Gui::activeViewportChanged(Model& model)
 {
-  if (&model == current_) updateWidgets();
+  if (&model != current_) return;
+  giveKeyboardTo(&model);
+  updateWidgets();
 }
 
 void Gui::historyChanged(Model& model)

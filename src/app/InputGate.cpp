@@ -49,25 +49,20 @@ void lookForChanges(void*)
     Gui::get().files().reloadChangedExternals(/*synchronous=*/false);
 }
 
-int dispatch(int event, Fl_Window* window)
+} // namespace
+
+std::optional<int> answerOfInputGate(int event, Fl_Window* window)
 {
   // Back from another program, which may have changed a file. Asking must wait until this event is over.
   if (event == FL_FOCUS && isInMainWindow(window) && !Fl::has_timeout(lookForChanges))
     Fl::add_timeout(focusDelay, lookForChanges);
   const bool closed = isInput(event) && isInMainWindow(window) && !Fl::grab() && Gui::get().files().busy();
-  if (!closed) return Fl::handle_(event, window);
+  if (!closed) return std::nullopt;
   if (event == FL_KEYDOWN || event == FL_SHORTCUT) {
     GuiWidgets::get().menuBar->handle(FL_SHORTCUT);
     return 1;
   }
-  return isOnOpenBar(window) ? Fl::handle_(event, window) : 1;
-}
-
-} // namespace
-
-void installInputGate()
-{
-  Fl::event_dispatch(dispatch);
+  return isOnOpenBar(window) ? std::nullopt : std::optional(1);
 }
 
 } // namespace nalt

@@ -2,10 +2,10 @@
 
 #include "app/DatabaseHost.h"
 #include "app/DropReceiver.h"
+#include "app/EventHandler.h"
 #include "app/FileLists.h"
 #include "app/Gui.h"
 #include "app/GuiWidgets.h"
-#include "app/InputGate.h"
 #include "app/MainWindow.h"
 #include "app/Session.h"
 #include "app/Splash.h"
@@ -35,8 +35,6 @@ void prepareFltk()
   Fl::get_system_colors();
   Fl_Tooltip::size(tooltipSize);
   Fl::gl_visual(FL_RGB | FL_DOUBLE | FL_DEPTH);
-  installDropReceiver();
-  installInputGate();
 }
 
 /// Plain grounds instead of the scheme's stripes, which each look at the system's colours brings back.
@@ -81,6 +79,9 @@ int runModeller(int argc, char** argv)
   buildMainWindow();
   {
     Gui gui(/*headless=*/false);
+    EventHandler events;
+    events.install();
+    installDropReceiver(events);
     const DatabaseHost host(gui);
     const Session session = restoreSession(gui);
     if (session.result.newerVersion) removeHelpServerFiles(SettingsFile::get().path());

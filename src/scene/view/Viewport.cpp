@@ -15,6 +15,7 @@
 #include <osg/Notify>
 #include <osg/PolygonMode>
 
+#include <iostream>
 #include <utility>
 
 namespace nalt {
@@ -350,7 +351,11 @@ int Viewport::handle(int event)
     if (!dynamic_cast<Fl_Input_*>(Fl::focus())) take_focus();
     return 1;
   case FL_MOVE:
+    toolGesture_.hover(mousePlace());
+    return 1;
   case FL_LEAVE:
+    toolGesture_.leave();
+    return 1;
   case FL_FOCUS:
   case FL_UNFOCUS:
     return 1;
@@ -368,29 +373,66 @@ void Viewport::activate()
 int Viewport::handlePush()
 {
   activate();
-  if (Fl::event_button() != FL_RIGHT_MOUSE) return 1;
-  if (Fl::event_ctrl() && Fl::event_alt())
-    openMenu();
-  else
-    startGesture();
+  const bool doubleClick = Fl::event_clicks() > 0;
+  if (doubleClick) Fl::event_clicks(-1); // a third click is a first one again
+  switch (Fl::event_button()) {
+  case FL_LEFT_MOUSE:
+    doubleClick_ = doubleClick;
+    selectionGesture_.press(mousePlace());
+    break;
+  case FL_MIDDLE_MOUSE:
+    selectionGesture_.cancel();
+    toolGesture_.press(mousePlace(), MouseModifiers::now());
+    break;
+  case FL_RIGHT_MOUSE:
+    selectionGesture_.cancel();
+    if (Fl::event_ctrl() && Fl::event_alt())
+      openMenu();
+    else
+      startGesture();
+    break;
+  default:
+    break;
+  }
   return 1;
 }
 
 int Viewport::handleDrag()
 {
-  if (!gesture_) return 1;
+  const int state = Fl::event_state();
+  if ((state & FL_BUTTONS) == 0) {
+    std::cerr << "Unknown mouse button: " << state << std::endl;
+    return 0;
+  }
+  if (state & FL_BUTTON1) selectionGesture_.drag(mousePlace());
+  if (state & FL_BUTTON2) toolGesture_.drag(mousePlace(), MouseModifiers::now());
+  if (state & FL_BUTTON3) dragCamera();
+  return 1;
+}
+
+void Viewport::dragCamera()
+{
+  if (!gesture_) return;
   if (buttonOfModifiers() != *gesture_) {
     endGesture();
     startGesture();
   }
   camera_->handle(events_->drag(Fl::event_x(), Fl::event_y()), actions_);
   showGesture(camera_->gesture());
-  return 1;
 }
 
 int Viewport::handleRelease()
 {
-  if (Fl::event_button() == FL_RIGHT_MOUSE && gesture_) endGesture();
+  switch (Fl::event_button()) {
+  case FL_LEFT_MOUSE:
+    selectionGesture_.release(mousePlace(), MouseModifiers::now(), doubleClick_);
+    break;
+  case FL_MIDDLE_MOUSE:
+    toolGesture_.release(mousePlace(), MouseModifiers::now());
+    break;
+  default:
+    if (gesture_) endGesture();
+  }
   return 1;
 }
 

@@ -9,6 +9,9 @@
 #include "scene/view/Overlays.h"
 #include "scene/view/ViewScene.h"
 #include "scene/view/ViewportPreferences.h"
+#include "scene/view/picking/Picker.h"
+#include "scene/view/picking/SelectionGesture.h"
+#include "scene/view/picking/ToolGesture.h"
 
 #include <FL/Fl_Gl_Window.H>
 #include <osg/FrameStamp>
@@ -72,6 +75,14 @@ public:
   /// The rectangle that is being drawn with the mouse; none at the end of the drag.
   void setRubberBand(const std::optional<RubberBand>& band);
 
+  // What is under the mouse. Window places in pixels, y upward.
+  WindowProjection projection() const;
+  Picker picker() const;
+  /// What the rectangle holds of the current pick mode; null for nothing.
+  std::unique_ptr<Selection> pick(const WindowRect& rect) const;
+  SelectionGesture& selectionGesture() { return selectionGesture_; }
+  ToolGesture& toolGesture() { return toolGesture_; }
+
   /// Frames the whole model; an empty one leaves the camera where it is. Automatic speeds follow the model's size.
   void fitInView();
   /// Looks along `direction` at the same centre; a zero `up` is chosen by the direction.
@@ -103,6 +114,10 @@ private:
   int handlePush();
   int handleDrag();
   int handleRelease();
+  void dragCamera();
+  /// The mouse of FLTK's current event in window pixels, y upward.
+  osg::Vec2d mousePlace() const;
+  Lens pickLens() const;
   int handleKey();
   void startGesture();
   void endGesture();
@@ -125,6 +140,9 @@ private:
   Grid grid_;
   GridPlacement gridPlacement_;
   std::optional<RubberBand> rubberBand_;
+  SelectionGesture selectionGesture_{*this};
+  ToolGesture toolGesture_{*this};
+  bool doubleClick_ = false;            ///< the left button went down for the second time
   std::optional<CameraButton> gesture_; ///< the drag of the right button in force
   CameraGesture shownGesture_ = CameraGesture::none;
 };
