@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/MessageDialogs.h"
+#include "scene/view/CameraMath.h"
 
 #include <atomic>
 #include <memory>
@@ -18,6 +19,12 @@ struct QueuedMessage {
   MessageKind kind;
   std::string text;
   MessageId id;
+};
+
+/// Where the camera of a viewport stands.
+struct CameraView {
+  CameraPose pose;
+  bool orthographic = false;
 };
 
 /// Preferences as they were when an operation started: the user may change them while it runs.
@@ -41,6 +48,7 @@ struct FileJob {
   std::unique_ptr<Model> replaced; ///< the model that a revert loads anew; comes back if that fails
   int place = -1;                  ///< of `replaced` among the tabs
   std::vector<VPBase*> viewports;  ///< of `replaced`, without a model for the time being; owned
+  std::vector<CameraView> cameras; ///< of `viewports`
   FileJobOptions options;
 
   std::atomic<Outcome> outcome{Outcome::running};

@@ -12,6 +12,7 @@
 #include "fltapi/FltFile.h"
 #include "fltapi/VersionText.h"
 #include "platform/Paths.h"
+#include "scene/view/Viewport.h"
 
 #include <FL/Fl.H>
 #include <FL/Fl_Double_Window.H>
@@ -36,6 +37,27 @@ bool exists(const std::string& path)
 {
   std::error_code ignored;
   return std::filesystem::exists(path, ignored);
+}
+
+std::vector<CameraView> camerasOf(const std::vector<VPBase*>& viewports)
+{
+  std::vector<CameraView> cameras;
+  for (VPBase* panel : viewports) {
+    const auto* viewport = dynamic_cast<const Viewport*>(panel);
+    cameras.push_back(viewport ? CameraView{viewport->camera().pose(), viewport->orthographic()} : CameraView());
+  }
+  return cameras;
+}
+
+/// A viewport without a model has no camera either; with the next one it sees as it did before.
+void restoreCameras(const FileJob& job)
+{
+  for (std::size_t i = 0; i < job.viewports.size(); ++i) {
+    auto* viewport = dynamic_cast<Viewport*>(job.viewports[i]);
+    if (!viewport) continue;
+    viewport->setOrthographic(job.cameras[i].orthographic);
+    viewport->camera().setPose(job.cameras[i].pose);
+  }
 }
 
 } // namespace
@@ -117,6 +139,7 @@ bool FileOperations::revert(bool synchronous)
   job->place = gui_.placeOf(*model);
   // The panels go over to the new model, so that it is seen as the old one was.
   job->viewports = model->viewports();
+  job->cameras = camerasOf(job->viewports);
   model->removeAllViewports(/*destroy=*/false);
   job->replaced = gui_.removeModel(*model);
   return run(std::move(job), synchronous);
@@ -294,6 +317,7 @@ void FileOperations::finishLoad()
 {
   const bool repaired = job_->built->fltFile() && job_->built->fltFile()->modified();
   Model& model = gui_.addModel(std::move(job_->built), job_->viewports, job_->place);
+  restoreCameras(*job_);
   model.setDirty(repaired);
   gui_.setCurrentModel(model);
   gui_.addRecent(model.path());
@@ -319,6 +343,7 @@ void FileOperations::putBack()
   job_->built.reset();
   if (!job_->replaced) return;
   Model& model = gui_.addModel(std::move(job_->replaced), job_->viewports, job_->place);
+  restoreCameras(*job_);
   gui_.setCurrentModel(model);
 }
 

@@ -12,11 +12,11 @@ namespace nalt {
 
 namespace {
 
+/// Not for pipes and devices: they can keep who reads them waiting for ever.
 bool isFile(const fs::path& path)
 {
   std::error_code ignored;
-  const fs::file_status status = fs::status(path, ignored);
-  return fs::exists(status) && !fs::is_directory(status);
+  return fs::is_regular_file(path, ignored);
 }
 
 /// Names in `folder` that differ from `name` by letter case only, in byte order.

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <sys/stat.h>
 
 namespace nalt {
 namespace {
@@ -31,6 +32,15 @@ TEST(FindFile, eachPartOfThePathMayDifferByCase)
   writeFile(folder / "Textures/Brick/Wall.RGB", "");
   EXPECT_EQ(findFileIgnoringCase(folder / "textures/BRICK/wall.rgb"), folder / "Textures/Brick/Wall.RGB");
   EXPECT_EQ(findFileIgnoringCase(folder / "textures/Brick/Wall.RGB"), folder / "Textures/Brick/Wall.RGB");
+}
+
+TEST(FindFile, pipesAndFoldersAreNoFilesToRead)
+{
+  const TempFolder folder;
+  ASSERT_EQ(mkfifo((folder / "pipe.rgb").c_str(), 0600), 0);
+  fs::create_directory(folder / "folder.rgb");
+  EXPECT_EQ(findFileIgnoringCase(folder / "pipe.rgb"), "");
+  EXPECT_EQ(findFileIgnoringCase(folder / "folder.rgb"), "");
 }
 
 TEST(FindFile, backslashesSeparateToo)

@@ -3,6 +3,7 @@
 #include "fltapi/Bytes.h"
 
 #include <array>
+#include <filesystem>
 #include <fstream>
 
 namespace nalt {
@@ -81,6 +82,8 @@ Texture::WrapMode wrapOf(int number, int both)
 TextureAttributes TextureAttributes::read(const std::string& path)
 {
   TextureAttributes attributes;
+  std::error_code ignored;
+  if (!std::filesystem::is_regular_file(path, ignored)) return attributes; // a pipe would keep us waiting
   std::ifstream file(path, std::ios::binary);
   if (!file) return attributes;
   const Head head(file);
