@@ -2,7 +2,7 @@
 
 #include "fltapi/RecordVisitor.h"
 
-#include <filesystem>
+#include <algorithm>
 
 namespace fltapi {
 
@@ -24,8 +24,27 @@ osg::ref_ptr<FltFile> ExternalFiles::find(const Key& key)
   const auto found = files_.find(key);
   if (found == files_.end()) return nullptr;
   osg::ref_ptr<FltFile> file;
-  if (!found->second.lock(file)) files_.erase(found);
-  return file;
+  const bool alive = found->second.lock(file);
+  if (alive && !isOutdated(*file) && file->changedExternals().empty()) return file;
+  files_.erase(found);
+  return nullptr;
+}
+
+void ExternalFiles::add(const Key& key, FltFile& file, std::filesystem::file_time_type time)
+{
+  std::erase_if(loaded_, [](const Loaded& entry) { return !entry.file.valid(); });
+  loaded_.push_back({&file, key.path, time});
+  files_[key] = &file;
+}
+
+bool ExternalFiles::isOutdated(const FltFile& file) const
+{
+  const auto entry =
+      std::ranges::find_if(loaded_, [&](const Loaded& loaded) { return loaded.file.valid() && loaded.file == &file; });
+  if (entry == loaded_.end()) return false;
+  std::error_code error;
+  const auto now = std::filesystem::last_write_time(entry->path, error);
+  return !error && now > entry->time;
 }
 
 void ExternalFiles::forget(const std::string& canonicalPath)

@@ -3,10 +3,12 @@
 #include "fltapi/FltFile.h"
 
 #include <compare>
+#include <filesystem>
 #include <map>
 #include <osg/observer_ptr>
 #include <set>
 #include <string>
+#include <vector>
 
 namespace fltapi {
 
@@ -25,9 +27,13 @@ public:
     friend auto operator<=>(const Key&, const Key&) = default;
   };
 
-  /// Null when no file of that key is loaded.
+  /// Null when no file of that key is loaded, or when it or a file that it shows is newer on disk: who refers to it now
+  /// gets what the disk holds now.
   osg::ref_ptr<FltFile> find(const Key& key);
-  void add(const Key& key, FltFile& file) { files_[key] = &file; }
+  /// @param time of the file on disk before it was loaded
+  void add(const Key& key, FltFile& file, std::filesystem::file_time_type time);
+  /// Whether a file that was added is newer on disk than what was loaded; false for one that is gone from there.
+  bool isOutdated(const FltFile& file) const;
   /// The next reference with that path loads anew.
   void forget(const std::string& canonicalPath);
 
@@ -62,7 +68,15 @@ public:
   };
 
 private:
+  /// Every file that was added and still lives, also one that newer content has taken the place of.
+  struct Loaded {
+    osg::observer_ptr<FltFile> file;
+    std::string path;
+    std::filesystem::file_time_type time;
+  };
+
   std::map<Key, osg::observer_ptr<FltFile>> files_;
+  std::vector<Loaded> loaded_;
   int levels_ = 0;
   std::set<std::string> loading_;
 };

@@ -60,14 +60,16 @@ std::vector<std::string> FltFile::changedExternals() const
 {
   std::vector<std::string> changed;
   if (externalStamps_.empty() || !header_) return changed;
+  std::map<const FltFile*, bool> outdated; // thousands of references may show a few files
+  std::string path;
   for (auto* record : header_->findDescendants(ExternalRecord::code, /*followInstances=*/true)) {
-    const auto path = record->getName();
-    const auto stamp = externalStamps_.find(path);
-    if (record->file() != this || stamp == externalStamps_.end() || std::ranges::find(changed, path) != changed.end())
-      continue;
-    std::error_code error;
-    const auto time = std::filesystem::last_write_time(stamp->second.foundPath, error);
-    if (!error && time > stamp->second.time) changed.push_back(path);
+    // References inside what one of ours shows come right behind it, and have changed its content when they change.
+    if (record->file() == this) path = record->getName();
+    const auto* shown = static_cast<const ExternalRecord*>(record)->referencedFile();
+    if (!shown || std::ranges::find(changed, path) != changed.end()) continue;
+    const auto [answer, isNew] = outdated.try_emplace(shown, false);
+    if (isNew) answer->second = ExternalFiles::get().isOutdated(*shown);
+    if (answer->second) changed.push_back(path);
   }
   return changed;
 }

@@ -495,6 +495,39 @@ TEST_F(ExternalReferences, thatAreOlderOnDiskOrGoneHaveNotChanged)
   EXPECT_THAT(file->changedExternals(), IsEmpty());
 }
 
+TEST_F(ExternalReferences, changeWithWhatTheirFileRefersToInTurn)
+{
+  write("turret.flt", fileWith("old"));
+  write("tank.flt", flt::file(flt::external("turret.flt")));
+  write("jeep.flt", fileWith("jeep"));
+  const auto file = bench.load(flt::file(flt::external("jeep.flt") + flt::external("tank.flt")));
+  write("turret.flt", fileWith("new"));
+  touch("turret.flt");
+  EXPECT_THAT(file->changedExternals(), ElementsAre("tank.flt"));
+  file->reloadExternals(file->changedExternals());
+  auto* tank = references(*file)[1]->referencedFile();
+  ASSERT_TRUE(tank);
+  EXPECT_EQ(shownByFirst(*tank), "new");
+  EXPECT_THAT(file->changedExternals(), IsEmpty());
+}
+
+TEST_F(ExternalReferences, madeAfterAChangeShowTheNewContentAndLeaveOthersTheOld)
+{
+  write("turret.flt", fileWith("old"));
+  write("tank.flt", flt::file(flt::external("turret.flt")));
+  const auto bytes = flt::file(flt::external("turret.flt") + flt::external("tank.flt"));
+  const auto before = bench.load(bytes);
+  write("turret.flt", fileWith("new"));
+  touch("turret.flt");
+  const auto after = bench.load(bytes);
+  EXPECT_EQ(shownByFirst(*before), "old");
+  EXPECT_EQ(shownByFirst(*after), "new");
+  EXPECT_EQ(shownByFirst(*references(*before)[1]->referencedFile()), "old");
+  EXPECT_EQ(shownByFirst(*references(*after)[1]->referencedFile()), "new");
+  EXPECT_THAT(before->changedExternals(), ElementsAre("turret.flt", "tank.flt"));
+  EXPECT_THAT(after->changedExternals(), IsEmpty());
+}
+
 TEST_F(ExternalReferences, thatWereDeletedAskNothing)
 {
   write("tank.flt", fileWith("tank"));

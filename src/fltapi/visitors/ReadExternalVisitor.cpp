@@ -82,6 +82,8 @@ osg::ref_ptr<FltFile> ReadExternalVisitor::fileAt(const std::string& foundPath, 
 
   const ExternalFiles::Nesting nesting(levelsAbove(external));
   if (nesting.tooDeep()) return nullptr;
+  std::error_code error;
+  const auto time = std::filesystem::last_write_time(canonical, error);
   const osg::ref_ptr<FltFile> file = new FltFile;
   file->setQuiet(referrer_.quiet());
   if (!file->load(foundPath)) return nullptr;
@@ -90,7 +92,7 @@ osg::ref_ptr<FltFile> ReadExternalVisitor::fileAt(const std::string& foundPath, 
   file->header()->accept(stamp);
   for (const auto& [number, definition] : file->instanceDefinitions())
     definition->accept(stamp);
-  files.add(key, *file);
+  files.add(key, *file, time);
   return file;
 }
 
