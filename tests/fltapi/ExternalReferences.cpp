@@ -180,6 +180,19 @@ TEST_F(ExternalReferences, whoseFileIsMissingStayEmptyWithAWarning)
   EXPECT_EQ(file->header()->primaryChildCount(), 2) << "the rest of the model is there";
 }
 
+TEST_F(ExternalReferences, toOneMissingOrDamagedFileAreToldOfOnce)
+{
+  write("broken.flt", flt::header() + flt::push + flt::push.substr(0, 3));
+  std::string content;
+  for (int i = 0; i < 100; ++i)
+    content += flt::external("missing.flt") + flt::external("broken.flt");
+  bench.load(flt::file(content));
+  EXPECT_THAT(bench.host.warnings,
+              ElementsAre("Failed reading external reference missing.flt",
+                          testing::StartsWith("Can't read broken.flt. The file is damaged at byte 328"),
+                          "Failed reading external reference broken.flt"));
+}
+
 TEST_F(ExternalReferences, ofAQuietFileAreMissingWithoutAWord)
 {
   bench.load(flt::file(flt::external("missing.flt")));

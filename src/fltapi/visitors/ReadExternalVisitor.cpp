@@ -5,6 +5,7 @@
 #include "fltapi/visitors/MakeExternalVisitor.h"
 #include "platform/Paths.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <ranges>
 #include <string_view>
@@ -60,9 +61,12 @@ std::vector<std::string> ReadExternalVisitor::candidates(const std::string& path
   std::vector<std::string> list{path};
   auto folders = foldersOf(Host::get().externalSearchPath());
   folders.push_back(nalt::folderPart(referrer_.path()));
+  const auto add = [&list](std::string place) {
+    if (std::ranges::find(list, place) == list.end()) list.push_back(std::move(place));
+  };
   for (const auto& folder : folders) {
-    list.push_back(joined(folder, path));
-    list.push_back(joined(folder, name));
+    add(joined(folder, path));
+    add(joined(folder, name));
   }
   return list;
 }
@@ -117,13 +121,14 @@ osg::ref_ptr<FltFile> ReadExternalVisitor::loadFirst(const ExternalRecord& exter
 
 void ReadExternalVisitor::apply(ExternalRecord& external)
 {
-  if (external.referencedFile()) return;
+  if (external.referencedFile() || failed_.contains(external.getName())) return;
   leadsBack_ = false;
   const auto path = nalt::nativePath(external.getName());
   std::string foundPath;
   auto file = loadFirst(external, path, foundPath);
   if (!file) file = loadFirst(external, withoutNodeName(path), foundPath);
   if (!file) {
+    failed_.insert(external.getName());
     referrer_.warn((leadsBack_ ? "External reference leads back to a file that refers to it "
                                : "Failed reading external reference ") +
                    external.getName());

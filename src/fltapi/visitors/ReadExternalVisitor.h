@@ -24,6 +24,7 @@ private:
   osg::ref_ptr<FltFile> loadFirst(const ExternalRecord& external, const std::string& path, std::string& foundPath);
 
   FltFile& referrer_;
+  std::set<std::string> failed_; ///< paths that nothing was found for: told once, whoever else refers to them
   bool leadsBack_ = false;
 };
 
