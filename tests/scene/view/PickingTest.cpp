@@ -451,6 +451,7 @@ TEST_F(Picking, EveryCopyOfAReplicatedFaceIsTheFace)
   EXPECT_THAT(inRect(at(-1, -1), at(12, 2)), ElementsAre(nameOf(face)));
   shell.mode = SelectionMode::vertex;
   EXPECT_THAT(underMouse(at(10, 0)), ElementsAre(nameOf(face) + "/V0"));
+  EXPECT_EQ(view().picker().cornerNear(at(10, 0)), osg::Vec3d(10, 0, 0));
 }
 
 TEST_F(Picking, AnInstanceIsHitThroughEachReferenceWithWhatStandsAboveThat)
@@ -520,6 +521,18 @@ TEST_F(Picking, TheCornerNextToTheMouseHasAllDigitsOfTheRecord)
   ASSERT_TRUE(corner);
   EXPECT_EQ(*corner, exact + osg::Vec3d(8, 0, 0));
   EXPECT_FALSE(view().picker().cornerNear(at(20, 20)));
+}
+
+TEST_F(Picking, ACornerThatIsDrawnElsewhereIsWhereTheRecordHasIt)
+{
+  const auto* face = makeSquare(*object, 0, 0, 0.0, 4.0);
+  view();
+  const auto* polygon = model->sync()->polygonOf(*face);
+  auto& drawn = static_cast<osg::Vec3Array&>(*polygon->geometry()->getVertexArray());
+  drawn[static_cast<std::size_t>(polygon->getFirst())].set(1, 1, 0); // as when polygons are drawn shrunk
+  const auto corner = view().picker().cornerNear(at(1, 1));
+  ASSERT_TRUE(corner);
+  EXPECT_EQ(*corner, osg::Vec3d(0, 0, 0));
 }
 
 TEST_F(Picking, OfTwoCornersInLineTheOneInFrontIsTaken)

@@ -137,14 +137,15 @@ TEST_F(SelectionGestureTest, TheBandFollowsTheMouseAndGoesWithTheButton)
   EXPECT_FALSE(gesture().band());
 }
 
-TEST_F(SelectionGestureTest, TheBandGoesEvenWhenNothingCanBePicked)
+TEST_F(SelectionGestureTest, WhenNothingCanBePickedTheBandGoesAndTheSelectionStays)
 {
-  view();
+  click(onOne());
   CameraPose pose;
   pose.distance = std::nan("");
   view().camera().setPose(pose);
   click({10, 10});
   EXPECT_FALSE(gesture().band());
+  EXPECT_THAT(selected(), ElementsAre(one));
   EXPECT_THAT(shell.messages, ElementsAre("WARNING: Couldn't project window coordinates into object coordinates"));
 }
 

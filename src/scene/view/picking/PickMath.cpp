@@ -25,6 +25,12 @@ namespace {
 /// Keeps a line from slipping through between two triangles that share an edge.
 constexpr double seam = 1e-10;
 
+/// False for what is no number.
+bool isShare(double value, double slack = 0.0)
+{
+  return value >= -slack && value <= 1.0 + slack;
+}
+
 } // namespace
 
 /// After Moeller and Trumbore, "Fast, minimum storage ray/triangle intersection", 1997. Both sides count.
@@ -39,12 +45,12 @@ std::optional<double> meetingPoint(const osg::Vec3d& from, const osg::Vec3d& to,
   if (determinant == 0.0) return std::nullopt;
   const auto t = from - a;
   const double u = (t * p) / determinant;
-  if (!(u >= -seam && u <= 1.0 + seam)) return std::nullopt;
+  if (!isShare(u, seam)) return std::nullopt;
   const auto q = t ^ ab;
   const double v = (way * q) / determinant;
-  if (!(v >= -seam && u + v <= 1.0 + seam)) return std::nullopt;
+  if (!isShare(v, seam) || !isShare(u + v, seam)) return std::nullopt;
   const double place = (ac * q) / determinant;
-  if (!(place >= 0.0 && place <= 1.0)) return std::nullopt;
+  if (!isShare(place)) return std::nullopt;
   return place;
 }
 

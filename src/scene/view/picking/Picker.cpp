@@ -1,8 +1,10 @@
 #include "scene/view/picking/Picker.h"
 
+#include "fltapi/ancillary/OtherAncillaries.h"
 #include "scene/view/picking/RayPickVisitor.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace nalt {
 
@@ -51,13 +53,15 @@ void insert(const Hit& hit, Selection& selection)
   }
 }
 
-/// A corner as the record has it, with all its digits, unless the scene shows it somewhere else: as a replicated one.
+/// A corner as the record has it: with all its digits, and where it is while polygons are drawn shrunk. Only the copies
+/// of a replicated polygon really are where the scene shows them.
 osg::Vec3d exactPosition(const Hit& hit, std::size_t corner, const osg::Vec3& shown)
 {
   const auto* list = listOf(hit);
-  if (!list) return osg::Vec3d(shown);
+  if (!list) return {shown};
   const auto stored = list->vertices()[corner]->position();
-  return osg::Vec3(stored) == shown ? stored : osg::Vec3d(shown);
+  const bool isCopy = osg::Vec3(stored) != shown && hit.record->findChild<fltapi::ReplicateRecord>();
+  return isCopy ? osg::Vec3d(shown) : stored;
 }
 
 /// How near something comes to the mouse, and what is in front where this is the same.

@@ -49,6 +49,11 @@ void SelectionGesture::giveAxis(const WindowRect& rect)
 
 void SelectionGesture::select(const WindowRect& rect, const MouseModifiers& modifiers, bool doubleClick)
 {
+  const auto projection = viewport_.projection();
+  if (!projection.rayAt(rect.first) || !projection.rayAt(rect.second)) {
+    warnOfLostProjection(); // nothing was found, but nothing was looked at either: the selection stays
+    return;
+  }
   const auto picked = viewport_.pick(rect);
   auto& model = *viewport_.model();
   auto& selections = model.selections();
