@@ -1,6 +1,7 @@
 #pragma once
 
 #include "fltapi/Field.h"
+#include "fltapi/FltFile.h"
 #include "scene/image/PolygonShape.h"
 
 #include <array>
@@ -11,10 +12,6 @@
 #include <osg/observer_ptr>
 #include <osg/ref_ptr>
 #include <vector>
-
-namespace fltapi {
-class FltFile;
-}
 
 namespace nalt {
 
