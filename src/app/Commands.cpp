@@ -2,6 +2,7 @@
 
 #include "app/AboutDialog.h"
 #include "app/Gui.h"
+#include "app/dialogs/Dialogs.h"
 #include "core/Model.h"
 #include "core/Preferences.h"
 #include "core/WaitCursor.h"
@@ -319,6 +320,7 @@ void toggleGizmos(Gui& gui)
 {
   Preferences::get().showGizmos = !Preferences::get().showGizmos;
   gui.applySwitches();
+  gui.dialogs().preferencesChanged();
 }
 
 bool showsGizmos(const Gui&)

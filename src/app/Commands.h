@@ -59,6 +59,17 @@ void toggleSnapToGrid(Gui& gui);
 bool snapsToGrid(const Gui& gui);
 void about(Gui& gui);
 
+// Windows beside the main window.
+void preferences(Gui& gui);
+void sensitivity(Gui& gui);
+void commandList(Gui& gui);
+void externalReferences(Gui& gui);
+void selectByName(Gui& gui);
+void selectByVertices(Gui& gui);
+void previewDof(Gui& gui);
+void previewAnimation(Gui& gui);
+void help(Gui& gui);
+
 void setMode(Gui& gui, int number);
 bool isMode(const Gui& gui, int number);
 void toggleLayer(Gui& gui, int layer);

@@ -9,6 +9,7 @@
 #include "app/Session.h"
 #include "app/Splash.h"
 #include "app/ToolBars.h"
+#include "app/dialogs/Dialogs.h"
 #include "core/ApiReference.h"
 #include "core/Clipboard.h"
 #include "core/LuaText.h"
@@ -53,7 +54,11 @@ void keepTabRow(Fl_Tabs& tabs)
 } // namespace
 
 Gui::Gui(bool headless)
-    : headless_(headless), mainThread_(pthread_self()), shellBefore_(Shell::install(this)), files_(*this)
+    : headless_(headless),
+      mainThread_(pthread_self()),
+      dialogs_(std::make_unique<Dialogs>(*this)),
+      shellBefore_(Shell::install(this)),
+      files_(*this)
 {
   // Without a window the tabs are just the list of models.
   if (headless_) GuiWidgets::get().tabs = new Fl_Tabs(0, 0, 0, 0);
@@ -168,6 +173,7 @@ void Gui::showModel(Model* model)
   }
   widgets.modelGroup->redraw();
   updateWidgets();
+  dialogs_->modelChanged();
 }
 
 void Gui::tabChanged()
@@ -374,6 +380,7 @@ void Gui::tearDown()
   abandonedWork_ = files_.loading();
   files_.letGo();
   progress_.reset();
+  dialogs_->hideAll();
   if (Fl_Double_Window* window = GuiWidgets::get().mainWindow) window->hide();
 }
 
@@ -404,7 +411,9 @@ void Gui::activeViewportChanged(Model& model)
 
 void Gui::historyChanged(Model& model)
 {
-  if (&model == current_) updateWidgets();
+  if (&model != current_) return;
+  updateWidgets();
+  dialogs_->modelChanged();
 }
 
 void Gui::selectionChanged(Model& model)

@@ -16,6 +16,7 @@
 
 namespace nalt {
 
+class Dialogs;
 class ProgressWindow;
 class Splash;
 class Tool;
@@ -136,6 +137,7 @@ public:
   /// What new viewports start with.
   const ViewportPreferences& viewportPreferences() const { return viewportPreferences_; }
   void setViewportPreferences(const ViewportPreferences& preferences) { viewportPreferences_ = preferences; }
+  Dialogs& dialogs() { return *dialogs_; }
   void setSplash(std::unique_ptr<Splash> splash);
   Splash* splash() { return splash_.get(); }
   /// The program ended while a worker was still busy.
@@ -172,6 +174,7 @@ private:
   std::unique_ptr<ProgressWindow> progress_;
   std::unique_ptr<Splash> splash_;
   ScriptRecorder* recorder_ = nullptr;
+  std::unique_ptr<Dialogs> dialogs_;
   Shell* shellBefore_;
   FileOperations files_;
 };

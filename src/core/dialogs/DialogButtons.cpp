@@ -15,6 +15,14 @@ void Actions::connect(Fl_Widget& widget, std::function<void()> run)
   widget.callback([](Fl_Widget*, void* data) { (*static_cast<std::function<void()>*>(data))(); }, &runs_.back());
 }
 
+void setActive(Fl_Widget& widget, bool active)
+{
+  if (active)
+    widget.activate();
+  else
+    widget.deactivate();
+}
+
 std::vector<Fl_Button*> addDialogButtons(int width, int height, Actions& actions, std::vector<DialogButton> buttons)
 {
   const int count = static_cast<int>(buttons.size());

@@ -22,6 +22,9 @@ private:
   std::deque<std::function<void()>> runs_; // FLTK keeps pointers to them
 };
 
+/// Lets the user use `widget`, or not.
+void setActive(Fl_Widget& widget, bool active);
+
 struct DialogButton {
   const char* label; ///< "&" in front of its key
   std::function<void()> run;

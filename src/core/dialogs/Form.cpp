@@ -6,6 +6,7 @@
 
 #include <FL/Fl_Box.H>
 #include <FL/Fl_Button.H>
+#include <FL/Fl_Check_Button.H>
 #include <FL/Fl_Input.H>
 #include <FL/fl_draw.H>
 
@@ -116,6 +117,7 @@ int Form::addLines(const std::vector<Line>& lines, int x, int y, int w)
 int Form::addField(const Line& line, const Place& place)
 {
   auto field = FormField::make(*line.row, line.value, place.x, place.y, place.w, [this] {
+    updateSliders();
     if (onChange) onChange();
   });
   const Fl_Widget& widget = field->widget();
@@ -138,10 +140,27 @@ void Form::addButtons(const FormRow& row, const Place& place)
   }
 }
 
+void Form::updateSliders()
+{
+  for (std::size_t i = 0; i + 1 < fields_.size(); ++i) {
+    const bool isPair = fields_[i]->row().kind == FormRow::Kind::slider && fields_[i + 1]->row().joined;
+    const auto* automatic = isPair ? dynamic_cast<Fl_Check_Button*>(&fields_[i + 1]->widget()) : nullptr;
+    if (automatic) setActive(fields_[i]->widget(), automatic->value() == 0);
+  }
+}
+
 void Form::show()
 {
   for (const auto& field : fields_)
-    field->show();
+    field->present();
+  updateSliders();
+}
+
+void Form::follow()
+{
+  for (const auto& field : fields_)
+    field->follow();
+  updateSliders();
 }
 
 bool Form::take()

@@ -13,7 +13,8 @@ namespace nalt {
 class FormField;
 
 /// The widgets of a table of values, in groups that are put where they are wanted. They show copies: values change when
-/// `take` is called, and only then. Needs a display.
+/// `take` is called, and only then. A slider can't be moved while the check behind it on its line is on, which stands
+/// for "automatic". The tables must outlive the form. Needs a display.
 class Form {
 public:
   Form();
@@ -34,6 +35,8 @@ public:
 
   /// Puts the values as they are into the widgets.
   void show();
+  /// Only those that changed since they were shown last; elsewhere what the user entered is kept.
+  void follow();
   /// Takes what the widgets hold over into the values. If one of them can't be taken, none is: a message says why, and
   /// the field has the focus.
   bool take();
@@ -59,6 +62,8 @@ private:
   void addButtons(const FormRow& row, const Place& place);
 
   Actions actions_;
+  void updateSliders();
+
   std::vector<std::unique_ptr<FormField>> fields_;
 };
 

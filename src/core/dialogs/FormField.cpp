@@ -162,6 +162,17 @@ private:
 
 } // namespace
 
+void FormField::present()
+{
+  show();
+  presented_ = stateOf(value_);
+}
+
+void FormField::follow()
+{
+  if (stateOf(value_) != presented_) present();
+}
+
 void FormField::prepare(Fl_Widget& widget)
 {
   widget.labelsize(textSize);

@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <memory>
+#include <string>
 
 class Fl_Widget;
 
@@ -17,7 +18,9 @@ public:
   /// The widget, made in the current FLTK group.
   virtual Fl_Widget& widget() = 0;
   /// Puts the value into the widget.
-  virtual void show() = 0;
+  void present();
+  /// The same when the value changed since then, so that what the user entered is kept otherwise.
+  void follow();
   /// Whether `take` will do.
   virtual bool isValid() const { return true; }
   /// Takes what the widget holds over into the value.
@@ -31,6 +34,8 @@ public:
                                          std::function<void()> changed);
 
 protected:
+  virtual void show() = 0;
+
   FormField(const FormRow& row, const FieldValue& value, std::function<void()> changed)
       : row_(row), value_(value), changed_(std::move(changed))
   {}
@@ -42,6 +47,7 @@ private:
   const FormRow& row_;
   FieldValue value_;
   std::function<void()> changed_;
+  std::string presented_; ///< state of the value that the widget was given
 };
 
 } // namespace nalt

@@ -47,6 +47,22 @@ std::string textOf(const FieldValue& value)
                     value);
 }
 
+std::string stateOf(const FieldValue& value)
+{
+  const auto colorText = [](const auto* color, int parts) {
+    std::string text;
+    for (int i = 0; i < parts; ++i)
+      text += textOfNumber((*color)[i]) + ' ';
+    return text;
+  };
+  return std::visit(Overloaded{[](bool* flag) { return std::string(*flag ? "1" : "0"); },
+                               [&](osg::Vec3f* color) { return colorText(color, 3); },
+                               [&](osg::Vec4f* color) { return colorText(color, 4); },
+                               [](const ChoiceValue& choice) { return std::to_string(choice.get(choice.target)); },
+                               [&](const auto&) { return textOf(value); }},
+                    value);
+}
+
 bool setFromText(const FieldValue& value, const Limits& limits, const std::string& text)
 {
   const auto take = [&](auto* target, const auto& number) {

@@ -78,6 +78,9 @@ using FormTable = std::vector<FormRowOf<Values>>;
 std::string textOf(const FieldValue& value);
 bool setFromText(const FieldValue& value, const Limits& limits, const std::string& text);
 
+/// The value as a text, so that two can be compared, whatever its kind.
+std::string stateOf(const FieldValue& value);
+
 /// What to tell somebody who entered something else.
 std::string complaintAbout(const FormRow& row, const FieldValue& value);
 

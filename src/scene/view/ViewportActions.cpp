@@ -152,6 +152,11 @@ void translateOrigin(Viewport& viewport)
   viewport.gridPlacement().startTranslating();
 }
 
+void editPreferences(Viewport& viewport)
+{
+  if (const auto& edit = viewportPreferencesEditor()) edit(viewport);
+}
+
 constexpr auto later = nullptr; // its work isn't in the program yet
 
 const ViewportAction actions[] = {
@@ -203,7 +208,7 @@ const ViewportAction actions[] = {
     {"Hiding", "Unhide Selected", shifted('h'), unhideSelected, nullptr},
     {"Hiding", "Unhide All", shifted('u'), unhideAll, nullptr},
     {nullptr, "Capture Screen...", 'b', later, nullptr},
-    {nullptr, "Viewport Preferences...", 'c', later, nullptr},
+    {nullptr, "Viewport Preferences...", 'c', editPreferences, nullptr},
 };
 
 bool sameGroup(const char* a, const char* b)
@@ -228,6 +233,12 @@ bool isKeyOfEvent(int key)
 }
 
 } // namespace
+
+std::function<void(Viewport&)>& viewportPreferencesEditor()
+{
+  static std::function<void(Viewport&)> editor;
+  return editor;
+}
 
 std::span<const ViewportAction> viewportActions()
 {

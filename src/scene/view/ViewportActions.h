@@ -2,6 +2,7 @@
 
 #include <FL/Fl_Menu_Item.H>
 
+#include <functional>
 #include <span>
 #include <vector>
 
@@ -22,6 +23,10 @@ struct ViewportAction {
 };
 
 std::span<const ViewportAction> viewportActions();
+
+/// What lets the user see and change the preferences of a viewport; the window round the viewports sets it. Empty at
+/// first: "Viewport Preferences..." does nothing then.
+std::function<void(Viewport&)>& viewportPreferencesEditor();
 
 /// The menu of `viewport` with its check marks as they are now, for a pop-up or as part of another menu, with the end
 /// mark of FLTK's menus behind it. Without a viewport nothing is on. The user data of an entry is its ViewportAction,
