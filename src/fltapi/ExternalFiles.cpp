@@ -41,10 +41,7 @@ bool ExternalFiles::isOutdated(const FltFile& file) const
 {
   const auto entry =
       std::ranges::find_if(loaded_, [&](const Loaded& loaded) { return loaded.file.valid() && loaded.file == &file; });
-  if (entry == loaded_.end()) return false;
-  std::error_code error;
-  const auto now = std::filesystem::last_write_time(entry->path, error);
-  return !error && now > entry->time;
+  return entry != loaded_.end() && isNewerOnDisk(entry->path, entry->time);
 }
 
 void ExternalFiles::forget(const std::string& canonicalPath)
@@ -69,6 +66,13 @@ ExternalFiles::Nesting::Nesting(int levels) : levels_(levels + levelsOfOneFile)
 bool ExternalFiles::Nesting::tooDeep() const
 {
   return get().levels_ > 2 * deepestLevel;
+}
+
+bool isNewerOnDisk(const std::string& path, std::filesystem::file_time_type time)
+{
+  std::error_code error;
+  const auto now = std::filesystem::last_write_time(path, error);
+  return !error && now > time;
 }
 
 std::string canonicalPath(const std::string& path)

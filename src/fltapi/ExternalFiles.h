@@ -81,6 +81,9 @@ private:
   std::set<std::string> loading_;
 };
 
+/// False for a file that is gone.
+bool isNewerOnDisk(const std::string& path, std::filesystem::file_time_type time);
+
 /// The path by which one file is known however it is named; the path itself when it leads nowhere.
 std::string canonicalPath(const std::string& path);
 

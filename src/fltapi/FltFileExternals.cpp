@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <map>
 
 namespace fltapi {
 
@@ -64,11 +65,16 @@ std::vector<std::string> FltFile::changedExternals() const
   std::string path;
   for (auto* record : header_->findDescendants(ExternalRecord::code, /*followInstances=*/true)) {
     // References inside what one of ours shows come right behind it, and have changed its content when they change.
-    if (record->file() == this) path = record->getName();
+    const bool ours = record->file() == this;
+    if (ours) path = record->getName();
+    const auto stamp = externalStamps_.find(path);
     const auto* shown = static_cast<const ExternalRecord*>(record)->referencedFile();
-    if (!shown || std::ranges::find(changed, path) != changed.end()) continue;
+    if (!shown || stamp == externalStamps_.end() || std::ranges::find(changed, path) != changed.end()) continue;
     const auto [answer, isNew] = outdated.try_emplace(shown, false);
-    if (isNew) answer->second = ExternalFiles::get().isOutdated(*shown);
+    if (isNew) {
+      answer->second =
+          ours ? isNewerOnDisk(stamp->second.foundPath, stamp->second.time) : ExternalFiles::get().isOutdated(*shown);
+    }
     if (answer->second) changed.push_back(path);
   }
   return changed;
