@@ -10,6 +10,9 @@ namespace fltapi {
 
 /// The box of all vertices at and below where the visitor starts, each transformed by the matrices on its way. Of a
 /// switch only what its current mask shows counts; nodes that are hidden everywhere don't.
+///
+/// Instances of instances can show more than anybody can walk. From a large number of them on the box of each is
+/// computed once and taken along as a whole, so the result may be too large where they are turned.
 class FltBoundingSphereVisitor : public RecordVisitor {
 public:
   /// @param above from the coordinates of the first node's parent to those of the box
@@ -23,12 +26,24 @@ public:
 
   /// Not valid when there were no vertices.
   const osg::BoundingBoxd& box() const { return box_; }
+  /// How often a vertex is shown; the largest integer stands for all that are larger.
   int vertexCount() const { return vertexCount_; }
 
 private:
+  /// What a definition shows, in its own coordinates.
+  struct Extent {
+    osg::BoundingBoxd box;
+    int vertexCount = 0;
+  };
+
+  void addAsWhole(InstanceReferenceRecord& reference);
+  void count(int vertices);
+
   std::vector<osg::Matrixd> matrices_;
   osg::BoundingBoxd box_;
   int vertexCount_ = 0;
+  int instancesWalked_ = 0;
+  std::map<const InstanceDefinitionRecord*, Extent> extents_;
 };
 
 } // namespace fltapi
