@@ -82,7 +82,8 @@ osg::ref_ptr<FltFile> ReadExternalVisitor::fileAt(const std::string& foundPath, 
   const auto ownPalettes = external.get(ExternalRecord::fields.flags) & ExternalRecord::paletteBits;
   const bool independent = ownPalettes == ExternalRecord::paletteBits;
   const ExternalFiles::Key key{canonical, ownPalettes, independent ? nullptr : &referrer_};
-  if (auto file = files.find(key)) return file;
+  auto& known = shown_[key];
+  if (known || (known = files.find(key))) return known;
 
   const ExternalFiles::Nesting nesting(levelsAbove(external));
   if (nesting.tooDeep()) return nullptr;
@@ -97,6 +98,7 @@ osg::ref_ptr<FltFile> ReadExternalVisitor::fileAt(const std::string& foundPath, 
   for (const auto& [number, definition] : file->instanceDefinitions())
     definition->accept(stamp);
   files.add(key, *file, time);
+  known = file;
   return file;
 }
 

@@ -3,6 +3,9 @@
 #include "fltapi/ExternalFiles.h"
 #include "fltapi/nodes/ExternalRecord.h"
 
+#include <map>
+#include <set>
+
 namespace fltapi {
 
 /// Loads the content of the external references of one file that show none yet.
@@ -24,6 +27,7 @@ private:
   osg::ref_ptr<FltFile> loadFirst(const ExternalRecord& external, const std::string& path, std::string& foundPath);
 
   FltFile& referrer_;
+  std::map<ExternalFiles::Key, osg::ref_ptr<FltFile>> shown_; ///< what references of this file show by now
   std::set<std::string> failed_; ///< paths that nothing was found for: told once, whoever else refers to them
   bool leadsBack_ = false;
 };
