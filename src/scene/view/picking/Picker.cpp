@@ -103,9 +103,10 @@ std::unique_ptr<Selection> Picker::pickSurface(SelectionMode mode, const osg::Ve
   if (!ray || !scene_) return nullptr;
   RayPickVisitor visitor(*ray, bits_, mode);
   scene_->accept(visitor);
-  if (!visitor.nearest() || !visitor.nearest()->owner) return nullptr;
+  const auto& hit = visitor.nearest();
+  if (!hit || !hit->owner) return nullptr;
   auto selection = Selection::make(mode);
-  static_cast<NodeSelection&>(*selection).insert({visitor.nearest()->owner});
+  static_cast<NodeSelection&>(*selection).insert({hit->owner});
   return selection;
 }
 
@@ -116,8 +117,9 @@ std::optional<osg::Vec3d> Picker::surfaceAt(const osg::Vec2d& window) const
   if (!ray || !scene_) return std::nullopt;
   RayPickVisitor visitor(*ray, bits_, SelectionMode::polygon);
   scene_->accept(visitor);
-  if (!visitor.nearest()) return std::nullopt;
-  return ray->nearPoint + (ray->farPoint - ray->nearPoint) * visitor.nearest()->place;
+  const auto& hit = visitor.nearest();
+  if (!hit) return std::nullopt;
+  return ray->nearPoint + (ray->farPoint - ray->nearPoint) * hit->place;
 }
 
 bool Picker::search(const WindowRect& rect, SelectionMode mode,

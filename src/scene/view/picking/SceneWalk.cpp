@@ -2,7 +2,7 @@
 
 #include "scene/image/Sync.h"
 
-#include <algorithm>
+#include <ranges>
 
 namespace nalt {
 
@@ -33,9 +33,8 @@ void SceneWalk::apply(osg::Drawable& drawable)
 
 fltapi::PrimNodeRecord* SceneWalk::ownerInPath(SelectionMode family) const
 {
-  const auto& path = getNodePath();
-  for (auto node = path.rbegin(); node != path.rend(); ++node) {
-    auto* record = Sync::recordOf(**node);
+  for (const auto* node : std::views::reverse(getNodePath())) {
+    auto* record = Sync::recordOf(*node);
     if (record && selectionModeOf(record->opcode()) == family) return record;
   }
   return nullptr;
