@@ -23,6 +23,21 @@ Viewport* activeViewport(const Gui& gui)
   return model ? dynamic_cast<Viewport*>(model->activeViewport()) : nullptr;
 }
 
+void toggleStyle(const Gui& gui, bool ViewStyle::*flag)
+{
+  Viewport* viewport = activeViewport(gui);
+  if (!viewport) return;
+  ViewStyle style = viewport->style();
+  style.*flag = !(style.*flag);
+  viewport->setStyle(style);
+}
+
+bool hasStyle(const Gui& gui, bool ViewStyle::*flag)
+{
+  const Viewport* viewport = activeViewport(gui);
+  return viewport && viewport->style().*flag;
+}
+
 /// Shows the texture layers whose bits are set in `layers`.
 void setLayers(const Gui& gui, unsigned layers)
 {
@@ -301,19 +316,44 @@ bool showsLayer(const Gui& gui, int layer)
   return (layersOf(gui) >> layer & 1U) != 0;
 }
 
+void toggleShrunkPolygons(Gui& gui)
+{
+  toggleStyle(gui, &ViewStyle::shrunkPolygons);
+}
+
+bool hasShrunkPolygons(const Gui& gui)
+{
+  return hasStyle(gui, &ViewStyle::shrunkPolygons);
+}
+
+void toggleNormals(Gui& gui)
+{
+  toggleStyle(gui, &ViewStyle::normals);
+}
+
+bool hasNormals(const Gui& gui)
+{
+  return hasStyle(gui, &ViewStyle::normals);
+}
+
 void toggleLargeVertices(Gui& gui)
 {
-  Viewport* viewport = activeViewport(gui);
-  if (!viewport) return;
-  ViewStyle style = viewport->style();
-  style.largeVertices = !style.largeVertices;
-  viewport->setStyle(style);
+  toggleStyle(gui, &ViewStyle::largeVertices);
 }
 
 bool hasLargeVertices(const Gui& gui)
 {
-  const Viewport* viewport = activeViewport(gui);
-  return viewport && viewport->style().largeVertices;
+  return hasStyle(gui, &ViewStyle::largeVertices);
+}
+
+void toggleVertexNumbers(Gui& gui)
+{
+  toggleStyle(gui, &ViewStyle::vertexNumbers);
+}
+
+bool hasVertexNumbers(const Gui& gui)
+{
+  return hasStyle(gui, &ViewStyle::vertexNumbers);
 }
 
 void toggleGizmos(Gui& gui)

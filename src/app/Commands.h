@@ -51,8 +51,15 @@ bool showsAllLods(const Gui& gui);
 void enableAllLayers(Gui& gui);
 void disableAllLayers(Gui& gui);
 void baseLayerOnly(Gui& gui);
+// In the active viewport.
+void toggleShrunkPolygons(Gui& gui);
+bool hasShrunkPolygons(const Gui& gui);
+void toggleNormals(Gui& gui);
+bool hasNormals(const Gui& gui);
 void toggleLargeVertices(Gui& gui);
 bool hasLargeVertices(const Gui& gui);
+void toggleVertexNumbers(Gui& gui);
+bool hasVertexNumbers(const Gui& gui);
 void toggleGizmos(Gui& gui);
 bool showsGizmos(const Gui& gui);
 void toggleSnapToGrid(Gui& gui);

@@ -12,6 +12,7 @@
 #include "core/Preferences.h"
 #include "platform/Display.h"
 #include "platform/Paths.h"
+#include "scene/view/SixAxisController.h"
 
 #include <FL/Fl.H>
 #include <FL/Fl_Double_Window.H>
@@ -98,6 +99,7 @@ int runModeller(int argc, char** argv)
       gui.warning("Existing settings file is from a newer version, writing default settings.");
     placeMainWindow(session);
     Fl::check();
+    startSixAxisController();
     openCommandLine(gui, argc, argv);
     Fl::run();
     if (gui.abandonedWork()) leaveAtOnce();

@@ -3,6 +3,7 @@
 #include "app/ScriptMode.h"
 #include "app/StructSizes.h"
 #include "app/Version.h"
+#include "exchange/Formats.h"
 #include "platform/Paths.h"
 #include "platform/Signals.h"
 
@@ -33,6 +34,7 @@ void prepareLibraries()
   osg::setNotifyLevel(osg::FATAL);
   // In front of the system's own folders, or none of its plug-ins would be found.
   osgDB::Registry::instance()->getLibraryFilePathList().push_front(nalt::executableFolder());
+  nalt::registerFormats();
   setenv("PFNFYLEVEL", "1", /*overwrite=*/1);
   xmlInitParser();
 }

@@ -47,6 +47,13 @@ class Picture:
         if len(self.data) != w * h * 3:
             raise Failed(f"the screen doesn't show all of {w}x{h}+{x}+{y}")
 
+    @classmethod
+    def of(cls, w, h, data):
+        """From the bytes of its pixels instead."""
+        picture = cls.__new__(cls)
+        picture.w, picture.h, picture.data = w, h, data
+        return picture
+
     def pixel(self, x, y):
         return tuple(self.data[(y * self.w + x) * 3:][:3])
 

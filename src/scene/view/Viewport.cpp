@@ -2,10 +2,13 @@
 
 #include "core/Model.h"
 #include "core/Preferences.h"
+#include "core/Shell.h"
+#include "core/Tool.h"
 #include "scene/view/CameraCursor.h"
 #include "scene/view/ContextId.h"
 #include "scene/view/Overlays.h"
 #include "scene/view/ViewportActions.h"
+#include "scene/view/WindowPixels.h"
 
 #include <FL/Fl.H>
 #include <FL/Fl_Input_.H>
@@ -56,6 +59,17 @@ bool isModifier(int key)
   return key >= FL_Shift_L && key <= FL_Alt_R;
 }
 
+/// Once, and not before the windows stand: the message waits for an answer.
+void sayThatOpenGlIsMissing()
+{
+  static bool said = false;
+  if (said) return;
+  said = true;
+  Fl::add_timeout(0.0, [](void*) {
+    Shell::get().warning("This display has no OpenGL, so that models can't be shown. All else works as usual.");
+  });
+}
+
 void pickedInMenu(Fl_Widget*, void*) {} // the pop-up's caller runs the entry itself
 
 } // namespace
@@ -67,6 +81,7 @@ Viewport::Viewport(int x, int y, int w, int h, const char* name)
   end();
   sceneView_->setDefaults(osgUtil::SceneView::STANDARD_SETTINGS);
   sceneView_->setFrameStamp(frameStamp_);
+  scene_.root()->addChild(cornerMarks_.root());
   sceneView_->setSceneData(scene_.root());
   sceneView_->getCamera()->setClearMask(GL_DEPTH_BUFFER_BIT); // the background paints the colour
   osg::StateSet* global = sceneView_->getGlobalStateSet();
@@ -82,6 +97,14 @@ Viewport::Viewport(int x, int y, int w, int h, const char* name)
 Viewport::~Viewport()
 {
   Viewport::hide();
+}
+
+void Viewport::show()
+{
+  if (shown() || can_do())
+    Fl_Gl_Window::show();
+  else
+    sayThatOpenGlIsMissing();
 }
 
 /// FLTK destroys the context here and nowhere else, so this is the last moment at which its objects can be freed.
@@ -110,8 +133,10 @@ void Viewport::bind(Model& model, std::uint32_t bit)
 
 void Viewport::unbind()
 {
+  shrinkPolygons(false);
   model_ = nullptr;
   active_ = false;
+  cornerMarks_.clear();
   scene_.setModel(nullptr);
   scene_.setExtras(nullptr);
   camera_ = new ModManipulator(nullptr);
@@ -149,7 +174,17 @@ void Viewport::setStyle(const ViewStyle& style)
 {
   style_ = style;
   scene_.apply(style);
+  shrinkPolygons(style.shrunkPolygons);
   redraw();
+}
+
+void Viewport::shrinkPolygons(bool shrunk)
+{
+  Sync* const sync = model_ ? model_->sync() : nullptr;
+  if (!sync) return;
+  const std::uint32_t before = sync->shrinkingBits();
+  const std::uint32_t now = shrunk ? before | traversalMask_ : before & ~traversalMask_;
+  if (now != before) sync->setShrinkingBits(now);
 }
 
 void Viewport::setRubberBand(const std::optional<RubberBand>& band)
@@ -291,6 +326,7 @@ void Viewport::resize(int x, int y, int w, int h)
 
 void Viewport::draw()
 {
+  if (!context()) return;           // the display refused to make one
   if (context() != drawnContext_) { // the first time, or after hide() and show()
     const osg::ref_ptr<osg::State> state = new osg::State;
     state->setContextID(nextContextId());
@@ -305,11 +341,32 @@ void Viewport::draw()
   camera_->handle(events_->frame(now), actions_);
   camera_->updateProjection();
   sceneView_->setViewMatrix(camera_->getInverseMatrix());
+  if (model_ && scene_.model())
+    cornerMarks_.update(*scene_.model(), traversalMask_, style_, preferences_, model_->selections().current());
   sceneView_->update();
   sceneView_->cull();
   drawBackground(w(), h(), preferences_.backgroundTop, preferences_.backgroundBottom);
   sceneView_->draw();
+  if (capturePending_) readPixels();
   drawOverlays();
+}
+
+osg::ref_ptr<osg::Image> Viewport::capture()
+{
+  if (!shown() || !visible_r()) return nullptr;
+  capturePending_ = true;
+  redraw();
+  Fl::flush();
+  capturePending_ = false;
+  return std::exchange(captured_, nullptr);
+}
+
+void Viewport::readPixels()
+{
+  capturePending_ = false;
+  captured_ = new osg::Image;
+  glReadBuffer(GL_BACK);
+  captured_->readPixels(0, 0, w(), h(), GL_RGB, GL_UNSIGNED_BYTE);
 }
 
 std::optional<osg::Vec2d> Viewport::projected(const osg::Vec3d& point) const
@@ -325,6 +382,10 @@ void Viewport::drawOverlays()
   if (rubberBand_) drawRubberBand(w(), h(), *rubberBand_);
   if (const auto pivot = model_ ? model_->selections().pivot() : std::nullopt)
     if (const auto place = projected(*pivot)) drawPickPoint(w(), h(), *place);
+  if (Tool* tool = model_ ? model_->tool() : nullptr) {
+    const WindowPixels pixels(w(), h());
+    tool->drawOverlay(*sceneView_);
+  }
   drawFrame(w(), h(), active_);
   drawOrientationAxes(w(), h(), preferences_.axesCorner, camera_->pose().orientation);
   drawProjectionMarker(w(), h(), preferences_.axesCorner, orthographic());

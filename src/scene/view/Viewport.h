@@ -2,6 +2,7 @@
 
 #include "core/Grid.h"
 #include "core/VPBase.h"
+#include "scene/view/CornerMarks.h"
 #include "scene/view/FLTKActionAdapter.h"
 #include "scene/view/FLTKEventAdapter.h"
 #include "scene/view/GridPlacement.h"
@@ -15,6 +16,7 @@
 
 #include <FL/Fl_Gl_Window.H>
 #include <osg/FrameStamp>
+#include <osg/Image>
 #include <osg/Timer>
 #include <osgUtil/SceneView>
 
@@ -98,6 +100,15 @@ public:
   void updateCameraSpeed();
   void openMenu();
 
+  /// What the viewport shows now, without frame and axes; null when it can't be drawn, as on a hidden tab.
+  osg::ref_ptr<osg::Image> capture();
+  /// Where the last capture went, for the proposal of the next one; empty before the first.
+  const std::string& captureFile() const { return captureFile_; }
+  void setCaptureFile(const std::string& path) { captureFile_ = path; }
+
+  /// Stays away, after a message for the first one, on a display without OpenGL.
+  void show() override;
+  using Fl_Gl_Window::show;
   void hide() override;
   void resize(int x, int y, int w, int h) override;
   int handle(int event) override;
@@ -108,7 +119,9 @@ protected:
 private:
   void setModelNode(osg::Node* node);
   osg::BoundingBoxd modelBox() const;
+  void readPixels();
   void drawOverlays();
+  void shrinkPolygons(bool shrunk);
   /// In window pixels, y upward; none for what lies behind the eye.
   std::optional<osg::Vec2d> projected(const osg::Vec3d& point) const;
   int handlePush();
@@ -128,6 +141,7 @@ private:
   bool active_ = false;
   std::uint32_t traversalMask_ = ~0U;
   ViewScene scene_;
+  CornerMarks cornerMarks_;
   osg::ref_ptr<osgUtil::SceneView> sceneView_ = new osgUtil::SceneView;
   osg::ref_ptr<ModManipulator> camera_;
   osg::ref_ptr<osg::FrameStamp> frameStamp_ = new osg::FrameStamp;
@@ -140,6 +154,9 @@ private:
   Grid grid_;
   GridPlacement gridPlacement_;
   std::optional<RubberBand> rubberBand_;
+  std::string captureFile_;
+  bool capturePending_ = false;
+  osg::ref_ptr<osg::Image> captured_;
   SelectionGesture selectionGesture_{*this};
   ToolGesture toolGesture_{*this};
   bool doubleClick_ = false;            ///< the left button went down for the second time

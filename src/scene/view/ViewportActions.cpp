@@ -1,8 +1,10 @@
 #include "scene/view/ViewportActions.h"
 
 #include "core/Model.h"
+#include "core/Preferences.h"
 #include "core/Shell.h"
 #include "scene/view/Hiding.h"
+#include "scene/view/ScreenCapture.h"
 #include "scene/view/Viewport.h"
 #include "scene/view/ViewportGridActions.h"
 
@@ -157,7 +159,21 @@ void editPreferences(Viewport& viewport)
   if (const auto& edit = viewportPreferencesEditor()) edit(viewport);
 }
 
-constexpr auto later = nullptr; // its work isn't in the program yet
+void captureScreen(Viewport& viewport)
+{
+  const std::string proposal = !viewport.captureFile().empty() || !viewport.model()
+                                   ? viewport.captureFile()
+                                   : firstCaptureFile(viewport.model()->path());
+  const std::string path = askForCaptureFile(proposal);
+  if (path.empty()) return;
+  viewport.setCaptureFile(path);
+  const Preferences& preferences = Preferences::get();
+  const osg::ref_ptr<osg::Image> picture = viewport.capture();
+  if (picture)
+    writeCapture(*captureOfSize(picture, preferences.captureWidth, preferences.captureHeight), path);
+  else
+    Shell::get().warning("Failed to write image: " + path);
+}
 
 const ViewportAction actions[] = {
     {"Viewpoint", "Perspective", 'p', project<false>, projects<false>, true},
@@ -201,13 +217,13 @@ const ViewportAction actions[] = {
     {"Grid", "Decrease Grid Size", '-', decreaseGrid, nullptr, false, nullptr, FL_KP + '-'},
     {"Grid", "Double Grid Size", shifted('='), doubleGrid, nullptr, false, nullptr, FL_SHIFT | (FL_KP + '+')},
     {"Grid", "Half Grid Size", shifted('-'), halveGrid, nullptr, false, nullptr, FL_SHIFT | (FL_KP + '-')},
-    {"Grid", "Grid Spacing...", 'e', later, nullptr},
-    {"Grid", "Grid Offset...", 'd', later, nullptr},
+    {"Grid", "Grid Spacing...", 'e', askForGridSpacing, nullptr},
+    {"Grid", "Grid Offset...", 'd', askForGridOffset, nullptr},
     {"Hiding", "Hide Selected", 'h', hideSelected, nullptr},
     {"Hiding", "Isolate Selected", 'i', isolateSelected, nullptr},
     {"Hiding", "Unhide Selected", shifted('h'), unhideSelected, nullptr},
     {"Hiding", "Unhide All", shifted('u'), unhideAll, nullptr},
-    {nullptr, "Capture Screen...", 'b', later, nullptr},
+    {nullptr, "Capture Screen...", 'b', captureScreen, nullptr},
     {nullptr, "Viewport Preferences...", 'c', editPreferences, nullptr},
 };
 

@@ -2,6 +2,7 @@
 
 #include "core/GridOperations.h"
 #include "core/Model.h"
+#include "core/dialogs/NumberDialog.h"
 #include "scene/view/Viewport.h"
 
 namespace nalt {
@@ -63,6 +64,24 @@ void doubleGrid(Viewport& viewport)
 void halveGrid(Viewport& viewport)
 {
   changeSize(viewport, [](Grid& grid) { grid.halve(); });
+}
+
+void askForGridSpacing(Viewport& viewport)
+{
+  Model* const model = activated(viewport);
+  if (!model) return;
+  const auto isSpacing = [](double spacing) { return Grid().setSpacing(spacing); };
+  const auto spacing =
+      askNumber({"Grid Spacing", "Spacing:", viewport.grid()->spacing(), "Invalid grid spacing.", isSpacing});
+  if (spacing) setGridSpacing(*model, *spacing, /*undoable=*/true);
+}
+
+void askForGridOffset(Viewport& viewport)
+{
+  Model* const model = activated(viewport);
+  if (!model) return;
+  const auto offset = askNumber({"Grid Offset", "Offset:", 0.0, "Invalid grid offset."});
+  if (offset) addGridOffset(*model, *offset, /*undoable=*/true);
 }
 
 } // namespace nalt

@@ -14,5 +14,8 @@ void increaseGrid(Viewport& viewport);
 void decreaseGrid(Viewport& viewport);
 void doubleGrid(Viewport& viewport);
 void halveGrid(Viewport& viewport);
+// These two ask for a number. Need a display.
+void askForGridSpacing(Viewport& viewport);
+void askForGridOffset(Viewport& viewport);
 
 } // namespace nalt
