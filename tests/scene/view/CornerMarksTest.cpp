@@ -1,0 +1,108 @@
+#include "scene/view/CornerMarks.h"
+
+#include "core/selection/SelectOperations.h"
+#include "scene/view/ViewportCount.h"
+#include "tests/scene/view/SmallScene.h"
+
+#include <osg/Geometry>
+#include <osg/NodeVisitor>
+
+namespace nalt {
+namespace {
+
+/// Counts the vertices of all geometries below a node.
+class VertexCount : public osg::NodeVisitor {
+public:
+  VertexCount() : osg::NodeVisitor(TRAVERSE_ALL_CHILDREN) {}
+  void apply(osg::Geometry& geometry) override
+  {
+    if (geometry.getVertexArray()) count += geometry.getVertexArray()->getNumElements();
+  }
+  unsigned count = 0;
+};
+
+class CornerMarksTest : public SmallScene {
+protected:
+  void update() { marks.update(*model->sceneRoot(), view->bits(), style, preferences, model->selections().current()); }
+  unsigned vertexCount()
+  {
+    VertexCount visitor;
+    marks.root()->accept(visitor);
+    return visitor.count;
+  }
+
+  CornerMarks marks;
+  ViewStyle style;
+  ViewportPreferences preferences;
+};
+
+TEST_F(CornerMarksTest, ThereIsNothingUntilItIsAskedFor)
+{
+  update();
+  EXPECT_EQ(marks.root()->getNumChildren(), 0U);
+}
+
+TEST_F(CornerMarksTest, EachCornerHasALineForItsNormal)
+{
+  style.normals = true;
+  update();
+  EXPECT_EQ(vertexCount(), 2U * 6U);
+  style.normals = false;
+  update();
+  EXPECT_EQ(marks.root()->getNumChildren(), 0U);
+}
+
+TEST_F(CornerMarksTest, OnlyTheSelectionHasNormalsWhenThatIsWanted)
+{
+  style.normals = true;
+  preferences.normalsOnlySelection = true;
+  update();
+  EXPECT_EQ(vertexCount(), 0U);
+  select(*first);
+  update();
+  EXPECT_EQ(vertexCount(), 2U * 3U);
+  ASSERT_TRUE(convertSelection(*model, SelectionMode::vertex, false));
+  update();
+  EXPECT_EQ(vertexCount(), 2U * 3U);
+}
+
+TEST_F(CornerMarksTest, NormalsAreAsLongAsTheirScale)
+{
+  style.normals = true;
+  preferences.normalsScale = 2.5;
+  update();
+  EXPECT_NEAR(marks.root()->getBound().center().z(), 1.25, 1e-5);
+}
+
+TEST_F(CornerMarksTest, NumbersStandAtTheCorners)
+{
+  style.vertexNumbers = true;
+  update();
+  EXPECT_EQ(marks.root()->getNumChildren(), 1U);
+  EXPECT_TRUE(marks.root()->getBound().valid());
+}
+
+TEST_F(CornerMarksTest, ShrunkPolygonsAreAMatterOfOneViewport)
+{
+  changeViewportCount(*model, 2);
+  ViewStyle shrunk = viewport(1)->style();
+  shrunk.shrunkPolygons = true;
+  viewport(1)->setStyle(shrunk);
+  EXPECT_EQ(model->sync()->shrinkingBits(), viewport(1)->bits());
+  shrunk.shrunkPolygons = false;
+  viewport(1)->setStyle(shrunk);
+  EXPECT_EQ(model->sync()->shrinkingBits(), 0U);
+}
+
+TEST_F(CornerMarksTest, AViewportThatGoesTakesItsShrinkingAlong)
+{
+  changeViewportCount(*model, 2);
+  ViewStyle shrunk = viewport(1)->style();
+  shrunk.shrunkPolygons = true;
+  viewport(1)->setStyle(shrunk);
+  model->removeAllViewports(/*destroy=*/true);
+  EXPECT_EQ(model->sync()->shrinkingBits(), 0U);
+}
+
+} // namespace
+} // namespace nalt
