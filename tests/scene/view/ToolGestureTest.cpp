@@ -352,6 +352,16 @@ TEST_F(ToolGestureTest, TheGadgetUnderTheMouseLightsUp)
   EXPECT_THAT(notes, ElementsAre("lit", "unlit", "lit", "unlit"));
 }
 
+TEST_F(ToolGestureTest, AGadgetWhoseToolWentIsNotTouchedByTheMouseThatLeavesIt)
+{
+  startWithGizmo();
+  gesture().hover({100, 100});
+  model->setTool(nullptr);
+  notes.clear();
+  gesture().hover({110, 100});
+  EXPECT_THAT(notes, IsEmpty());
+}
+
 TEST_F(ToolGestureTest, AGadgetWhoseToolWentIsForgotten)
 {
   startWithGizmo();

@@ -85,8 +85,9 @@ void ToolGesture::leave()
 void ToolGesture::highlight(Gadget* gadget)
 {
   if (hovered_ == gadget) return;
-  if (hovered_) hovered_->setHighlighted(false);
+  if (hovered_ && hoveredBy_ == tool()) hovered_->setHighlighted(false); // one without its tool isn't shown any more
   hovered_ = gadget;
+  hoveredBy_ = tool();
   if (gadget) gadget->setHighlighted(true);
   viewport_.redraw();
 }

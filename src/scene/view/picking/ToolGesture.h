@@ -52,6 +52,7 @@ private:
 
   Viewport& viewport_;
   osg::ref_ptr<Gadget> hovered_;
+  const Tool* hoveredBy_ = nullptr; ///< the tool that the gadget belongs to; for comparison only
   osg::ref_ptr<Gadget> dragged_;
   Tool* user_ = nullptr;             ///< the tool that has had the first pick of this gesture; for comparison only
   bool hasPosition_ = false;         ///< it got one with that
