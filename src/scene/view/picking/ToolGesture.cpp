@@ -46,8 +46,11 @@ bool ToolGesture::beginGadget(const osg::Vec2d& window)
   auto* current = tool();
   if (!current || !current->gizmo()) return false;
   const auto ray = viewport_.projection().rayAt(window);
-  if (!ray) warnOfLostProjection();
-  dragged_ = ray ? current->gizmo()->pick(*ray) : nullptr;
+  if (!ray) {
+    warnOfLostProjection();
+    return false;
+  }
+  dragged_ = current->gizmo()->pick(*ray);
   if (!dragged_) return false;
   user_ = current;
   current->setReleased(false);
@@ -193,9 +196,10 @@ void ToolGesture::deliver(const std::optional<osg::Vec3d>& position, const osg::
 void ToolGesture::deliverDrag(const std::optional<osg::Vec3d>& position, const osg::Vec2d& window)
 {
   auto* current = tool();
+  if (!current) return;
   const auto delta = window - lastWindow_;
   lastWindow_ = window;
-  if (position && hasPosition_) {
+  if (position && hasPosition_ && lastPosition_) {
     const auto step = *position - *lastPosition_;
     note(*position, /*isNew=*/false);
     current->drag(step);
