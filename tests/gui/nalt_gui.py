@@ -74,6 +74,19 @@ class Picture:
         return self.data == other.data
 
 
+class WindowManager:
+    """For a part of a test: without one, windows have no frame and lie in the order in which they were used."""
+
+    def __enter__(self):
+        self.process = subprocess.Popen(["openbox"], stderr=subprocess.DEVNULL)
+        poll("the window manager", lambda: "window id" in subprocess.run(
+            ["xprop", "-root", "_NET_SUPPORTING_WM_CHECK"], capture_output=True, text=True, check=False).stdout)
+
+    def __exit__(self, *_):
+        self.process.terminate()
+        self.process.wait()
+
+
 class Session:
     """One test: a home folder of its own, and the program when it is started."""
 

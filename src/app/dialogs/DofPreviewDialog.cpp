@@ -9,9 +9,11 @@
 #include <FL/Fl_Box.H>
 #include <FL/Fl_Button.H>
 #include <FL/Fl_Choice.H>
-#include <FL/Fl_Hor_Value_Slider.H>
+#include <FL/Fl_Slider.H>
+#include <FL/Fl_Value_Input.H>
 
 #include <algorithm>
+#include <cmath>
 #include <osg/Node>
 
 namespace nalt {
@@ -23,7 +25,8 @@ using fltapi::DofRecord;
 
 constexpr int width = 400;
 constexpr int labelWidth = 60;
-constexpr double steps = 200; ///< of a slider from end to end
+constexpr int numberWidth = 76;
+constexpr int decimals = 3;
 
 Fl_Box* addText(int x, int y, int w, const char* text, Fl_Align align)
 {
@@ -31,6 +34,12 @@ Fl_Box* addText(int x, int y, int w, const char* text, Fl_Align align)
   box->labelsize(textSize);
   box->align(align | FL_ALIGN_INSIDE);
   return box;
+}
+
+double rounded(double value)
+{
+  const double scale = std::pow(10.0, decimals);
+  return std::round(value * scale) / scale;
 }
 
 /// In the order of the tree, each once.
@@ -59,10 +68,14 @@ DofPreviewDialog::DofPreviewDialog(Gui& gui) : DialogWindow(width, 0, "Preview D
   for (std::size_t n = 0; n < sliders_.size(); ++n) {
     const DofChannel& channel = dofChannels()[n];
     addText(margin, y, labelWidth, channel.label, FL_ALIGN_RIGHT);
-    auto* slider = new Fl_Hor_Value_Slider(x, y, fieldWidth, rowHeight);
+    auto* number = new Fl_Value_Input(x, y, numberWidth, rowHeight);
+    number->textsize(textSize);
+    actions_.connect(*number, [this, n] { move(n, numbers_[n]->clamp(numbers_[n]->value())); });
+    numbers_[n] = number;
+    const int sliderX = x + numberWidth + fieldGap;
+    auto* slider = new Fl_Slider(sliderX, y, width - margin - sliderX, rowHeight);
     slider->type(FL_HOR_NICE_SLIDER);
-    slider->textsize(textSize);
-    actions_.connect(*slider, [this] { move(); });
+    actions_.connect(*slider, [this, n] { move(n, rounded(sliders_[n]->value())); });
     sliders_[n] = slider;
     y += rowHeight + (n % 3 == 2 ? groupGap : rowGap);
   }
@@ -166,23 +179,28 @@ void DofPreviewDialog::showValues()
   }
   const DofValues values = shown ? preview_->valuesOf(*shown) : DofValues{};
   for (std::size_t n = 0; n < sliders_.size(); ++n) {
-    Fl_Hor_Value_Slider& slider = *sliders_[n];
+    Fl_Value_Input& number = *numbers_[n];
+    Fl_Slider& slider = *sliders_[n];
+    setActive(number, shown != nullptr);
     setActive(slider, shown != nullptr);
     const DofBounds bounds = shown ? previewBounds(*shown, dofChannels()[n], size) : DofBounds{0, 1};
+    number.range(bounds.least, bounds.most);
+    number.precision(decimals);
+    number.soft(0);
+    number.value(values[n]);
     slider.bounds(bounds.least, bounds.most);
-    slider.precision(2);
-    slider.step((bounds.most - bounds.least) / steps);
     slider.value(values[n]);
   }
 }
 
-void DofPreviewDialog::move()
+void DofPreviewDialog::move(std::size_t channel, double value)
 {
   DofRecord* const moved = dof();
   if (!preview_ || !moved || !model() || gui_.files().busy()) return; // a worker may be making records
-  DofValues values;
-  for (std::size_t n = 0; n < sliders_.size(); ++n)
-    values[n] = sliders_[n]->value();
+  DofValues values = preview_->valuesOf(*moved);
+  values[channel] = value;
+  numbers_[channel]->value(value);
+  sliders_[channel]->value(value);
   preview_->move(*moved, values);
   model()->redrawViewports();
 }

@@ -12,7 +12,8 @@
 class Fl_Box;
 class Fl_Button;
 class Fl_Choice;
-class Fl_Hor_Value_Slider;
+class Fl_Slider;
+class Fl_Value_Input;
 
 namespace nalt {
 
@@ -42,13 +43,14 @@ private:
   fltapi::DofRecord* selectedDof() const;
   fltapi::DofRecord* dof() const;
   void showValues();
-  void move();
+  void move(std::size_t channel, double value);
   void reset();
 
   Gui& gui_;
   Actions actions_;
   Fl_Choice* choice_;
-  std::array<Fl_Hor_Value_Slider*, 9> sliders_{};
+  std::array<Fl_Value_Input*, 9> numbers_{};
+  std::array<Fl_Slider*, 9> sliders_{};
   Fl_Button* reset_;
   osg::ref_ptr<fltapi::FltFile> file_; ///< of the model that is previewed
   std::unique_ptr<DofPreview> preview_;

@@ -2,6 +2,7 @@
 
 #include "core/dialogs/DialogStyle.h"
 #include "core/dialogs/DialogWindow.h"
+#include "core/drawing/Icons.h"
 
 #include <FL/Fl.H>
 #include <FL/Fl_Box.H>
@@ -18,9 +19,9 @@ namespace {
 
 using namespace dialog;
 
-constexpr int width = 860;
+constexpr int width = 890;
 constexpr int height = 620;
-constexpr int listWidth = 190;
+constexpr int listWidth = 220;
 constexpr int fieldWidth = 220;
 constexpr int pageTextSize = 14;
 
@@ -60,6 +61,9 @@ HelpWindow::HelpWindow(std::vector<ManualChapter> chapters)
   end();
   resizable(page_);
   size_range(520, 320);
+  xclass("nalt");
+  const auto picture = makeIcon("nalt", 64, 64);
+  icon(picture.get());
   callback([](Fl_Widget* self, void*) { self->hide(); });
 }
 

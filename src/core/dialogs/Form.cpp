@@ -69,14 +69,20 @@ int dialogTextWidth(const char* text)
 Form::Form() = default;
 Form::~Form() = default;
 
+/// The column of labels is as wide as the widest one up to the next heading.
+int Form::labelWidthFrom(const std::vector<Line>& lines, std::size_t first)
+{
+  int width = 0;
+  for (std::size_t i = first; i < lines.size() && lines[i].row->kind != FormRow::Kind::heading; ++i)
+    if (hasLabelInFront(*lines[i].row)) width = std::max(width, dialogTextWidth(lines[i].row->label) + 2);
+  return width;
+}
+
 int Form::addLines(const std::vector<Line>& lines, int x, int y, int w)
 {
-  int labelWidth = 0;
-  for (const Line& line : lines)
-    if (hasLabelInFront(*line.row)) labelWidth = std::max(labelWidth, dialogTextWidth(line.row->label) + 2);
-
   const int left = x + indent;
-  const int fieldX = labelWidth > 0 ? left + labelWidth + fieldGap : left;
+  int labelWidth = labelWidthFrom(lines, 0);
+  int fieldX = labelWidth > 0 ? left + labelWidth + fieldGap : left;
   int next = left; // where a field on the same line would go
   for (std::size_t i = 0; i < lines.size(); ++i) {
     const FormRow& row = *lines[i].row;
@@ -90,6 +96,8 @@ int Form::addLines(const std::vector<Line>& lines, int x, int y, int w)
       break;
     case FormRow::Kind::heading:
       addText(left, y, w - indent, row.label, FL_ALIGN_LEFT);
+      labelWidth = labelWidthFrom(lines, i + 1);
+      fieldX = left + labelWidth + fieldGap;
       break;
     case FormRow::Kind::buttons:
       addButtons(row, {fieldX, y, x + w - fieldX});

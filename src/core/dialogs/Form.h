@@ -58,6 +58,7 @@ private:
   };
 
   int addLines(const std::vector<Line>& lines, int x, int y, int w);
+  static int labelWidthFrom(const std::vector<Line>& lines, std::size_t first);
   int addField(const Line& line, const Place& place);
   void addButtons(const FormRow& row, const Place& place);
 
