@@ -1,9 +1,7 @@
 // Reading and writing grids of quads, each with a normal and texture coordinates, below objects and groups.
-#include "fltapi/AllRecords.h"
-#include "fltapi/FltFile.h"
+#include "bench/GridFile.h"
 
 #include <benchmark/benchmark.h>
-#include <cmath>
 #include <filesystem>
 #include <malloc.h>
 #include <string>
@@ -12,49 +10,7 @@ namespace {
 
 using namespace fltapi;
 
-constexpr int rowsPerGroup = 10;
-
-template <class T>
-T* addTo(PrimNodeRecord& parent)
-{
-  auto* record = parent.file()->create<T>();
-  parent.addChild(record, /*append=*/true);
-  return record;
-}
-
-void addQuad(PrimNodeRecord& object, int column, int row, int side)
-{
-  auto* list = addTo<VertexListRecord>(*addTo<FaceRecord>(object));
-  list->reserve(4);
-  constexpr int corners[4][2] = {{0, 0}, {1, 0}, {1, 1}, {0, 1}};
-  for (const auto& [x, y] : corners) {
-    auto* vertex = object.file()->create<NormalTextureVertexRecord>();
-    vertex->setPosition({static_cast<double>(column + x), static_cast<double>(row + y), 0});
-    vertex->setNormal({0, 0, 1});
-    vertex->setUV({static_cast<float>(column + x) / static_cast<float>(side),
-                   static_cast<float>(row + y) / static_cast<float>(side)});
-    list->addVertex(vertex);
-  }
-}
-
-/// A file of about `quads` quads; made once and kept in the folder for temporary files.
-std::string gridFile(int quads)
-{
-  const auto path = std::filesystem::temp_directory_path() / ("nalt-grid-" + std::to_string(quads) + ".flt");
-  if (std::filesystem::exists(path)) return path;
-  const osg::ref_ptr<FltFile> file = new FltFile;
-  file->initNew();
-  const int side = static_cast<int>(std::sqrt(quads));
-  GroupRecord* group = nullptr;
-  for (int row = 0; row < side; ++row) {
-    if (row % rowsPerGroup == 0) group = addTo<GroupRecord>(*file->header());
-    auto* object = addTo<ObjectRecord>(*group);
-    for (int column = 0; column < side; ++column)
-      addQuad(*object, column, row, side);
-  }
-  file->save(path);
-  return path;
-}
+using nalt::bench::gridFile;
 
 void load(benchmark::State& state)
 {

@@ -2,6 +2,7 @@
 
 #include "fltapi/AllRecords.h"
 #include "fltapi/FltFile.h"
+#include "scene/image/Finite.h"
 #include "scene/image/Tessellation.h"
 
 #include <osg/Notify>
@@ -222,6 +223,10 @@ void FaceTranslator::describe(const FaceRecord& face, const FacePlace& place, co
       OSG_WARN << "Failed to get Vertex op code." << std::endl;
     }
     shape.positions.emplace_back(vertex->position());
+    if (!isFinite(shape.positions.back())) {
+      shape.clear();
+      return;
+    }
     auto corner = byCorner ? colors.of(*vertex, osg::Vec4ub(color.r(), color.g(), color.b(), 255)) : color;
     if (byCorner) {
       if (!withAlpha) corner.a() = 255;

@@ -28,7 +28,8 @@ class FaceTranslator {
 public:
   FaceStateKey keyOf(const fltapi::FaceRecord& face, const FacePlace& place);
   FaceStateKey keyOf(const fltapi::MeshRecord& mesh, const FacePlace& place);
-  /// Fills `shape` for a state made from the face's key; it has no corners when there is nothing to draw.
+  /// Fills `shape` for a state made from the face's key; it has no corners when there is nothing to draw,
+  /// or nowhere to draw it.
   void describe(const fltapi::FaceRecord& face, const FacePlace& place, const FaceState& state, PolygonShape& shape);
   /// Color of the whole polygon, with all that makes it transparent.
   osg::Vec4ub colorOf(const fltapi::FaceRecord& face, const FacePlace& place, const FaceState& state);

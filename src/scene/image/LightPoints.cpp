@@ -3,6 +3,7 @@
 #include "fltapi/AllRecords.h"
 #include "fltapi/FltFile.h"
 #include "scene/image/Colors.h"
+#include "scene/image/Finite.h"
 
 #include <algorithm>
 #include <cmath>
@@ -85,7 +86,10 @@ void describeLightPoint(const PrimNodeRecord& lightPoint, const Colors& colors, 
   const float product = lookOfAny(lightPoint).intensity * systemIntensity(lightPoint);
   const float intensity = product >= 0 ? std::min(product, 1.0F) : 0.0F;
   for (const auto& vertex : list->vertices()) {
-    shape.positions.emplace_back(vertex->position());
+    osg::Vec3 position(vertex->position());
+    // Each vertex keeps its number, so one that is nowhere goes where the one before it is.
+    if (!isFinite(position)) position = shape.positions.empty() ? osg::Vec3() : shape.positions.back();
+    shape.positions.push_back(position);
     auto color = colors.of(*vertex, Colors::white());
     color.a() = 255;
     shape.colors.push_back(dimmed(color, intensity));

@@ -3,6 +3,7 @@
 #include "fltapi/AllRecords.h"
 #include "fltapi/FltFile.h"
 #include "scene/image/FaceTranslator.h"
+#include "scene/image/Finite.h"
 #include "scene/image/Tessellation.h"
 
 #include <osg/Notify>
@@ -37,8 +38,12 @@ osg::Vec3 positionAt(const Pool& pool, int vertex)
 osg::ref_ptr<osg::Vec3Array> positionsOf(const Pool& pool)
 {
   osg::ref_ptr<osg::Vec3Array> positions = new osg::Vec3Array;
-  for (int i = 0; i < pool.vertexCount(); ++i)
-    positions->push_back(positionAt(pool, i));
+  for (int i = 0; i < pool.vertexCount(); ++i) {
+    auto position = positionAt(pool, i);
+    // Indices count on each vertex, so one that is nowhere goes where the one before it is.
+    if (!isFinite(position)) position = positions->empty() ? osg::Vec3() : positions->back();
+    positions->push_back(position);
+  }
   return positions;
 }
 

@@ -1,9 +1,13 @@
 #include "scene/image/SceneNode.h"
 
 #include "fltapi/AllRecords.h"
+#include "scene/image/Finite.h"
 
 #include <osg/MatrixTransform>
 #include <osg/Switch>
+
+#include <unordered_set>
+#include <vector>
 
 namespace nalt {
 
@@ -33,7 +37,7 @@ osg::Matrixd matrixOf(const PrimNodeRecord& record)
 {
   auto matrix = record.localMatrix();
   if (record.opcode() == opcodes::dof) matrix = static_cast<const DofRecord&>(record).matrix() * matrix;
-  return matrix.valid() ? matrix : osg::Matrixd();
+  return isFinite(matrix) ? matrix : osg::Matrixd();
 }
 
 /// The step from one copy of a replicated group to the next.
@@ -42,7 +46,7 @@ osg::Matrixd replicationStep(const PrimNodeRecord& group)
   osg::Matrixd step;
   for (const auto* record : group.findChildren(opcodes::matrix))
     step = step * static_cast<const MatrixRecord*>(record)->matrix();
-  return step.valid() ? step : osg::Matrixd();
+  return isFinite(step) ? step : osg::Matrixd();
 }
 
 void moveChildren(osg::Group& from, osg::Group& to)
@@ -141,6 +145,7 @@ void SceneNode::setMatrices()
       copy->addChild(content);
       top->addChild(copy);
     }
+    if (!isFinite(matrix)) matrix = step; // copies that grow fast leave the range of numbers
     static_cast<osg::MatrixTransform&>(*top->getChild(i)).setMatrix(matrix);
   }
   top->dirtyBound();
@@ -148,9 +153,16 @@ void SceneNode::setMatrices()
 
 bool isAbove(const osg::Node& node, const osg::Node& below)
 {
-  if (&node == &below) return true;
-  for (unsigned i = 0; i < below.getNumParents(); ++i) {
-    if (isAbove(node, *below.getParent(i))) return true;
+  // Each node once: there are many more ways up than nodes where instances show instances.
+  std::unordered_set<const osg::Node*> seen{&below};
+  std::vector<const osg::Node*> open{&below};
+  while (!open.empty()) {
+    const auto* current = open.back();
+    open.pop_back();
+    if (current == &node) return true;
+    for (unsigned i = 0; i < current->getNumParents(); ++i) {
+      if (seen.insert(current->getParent(i)).second) open.push_back(current->getParent(i));
+    }
   }
   return false;
 }

@@ -179,6 +179,7 @@ private:
   std::unordered_map<std::uint32_t, const fltapi::SwitchRecord*> waitingSwitches_;
   bool lodsChanged_ = false;
   std::uint64_t revision_ = 0;
+  int depth_ = 0; ///< levels that are being translated, through instances
 
   std::uint32_t viewportBits_ = ~0U;
   LodStates lodStates_;

@@ -7,6 +7,8 @@
 #include <cmath>
 #include <memory>
 #include <numbers>
+#include <random>
+#include <utility>
 
 namespace nalt {
 
@@ -72,6 +74,46 @@ private:
   std::vector<GLuint> indices_;
 };
 
+/// The plane's two coordinates in which a polygon with that normal is largest.
+std::pair<int, int> planeOf(const osg::Vec3d& normal)
+{
+  const double x = std::abs(normal.x());
+  const double y = std::abs(normal.y());
+  const double z = std::abs(normal.z());
+  if (z >= x && z >= y) return {0, 1};
+  return y >= x ? std::pair(2, 0) : std::pair(1, 2);
+}
+
+/// Whether so many edges cross that the tessellator, which looks at each crossing, would take minutes: a contour that
+/// somebody drew doesn't. Looks at pairs of edges by chance, the same ones each time.
+bool isTangle(std::span<const osg::Vec3> corners, const osg::Vec3d& normal)
+{
+  constexpr std::size_t fewCorners = 2000;
+  constexpr int pairs = 20'000;
+  constexpr double mostCrossings = 1e6;
+  const auto count = corners.size();
+  if (count <= fewCorners) return false;
+  const auto [u, v] = planeOf(normal);
+  const auto side = [&, u = u, v = v](const osg::Vec3& a, const osg::Vec3& b, const osg::Vec3& c) {
+    const double abU = static_cast<double>(b[u]) - a[u];
+    const double abV = static_cast<double>(b[v]) - a[v];
+    return abU * (static_cast<double>(c[v]) - a[v]) - abV * (static_cast<double>(c[u]) - a[u]) > 0;
+  };
+  std::minstd_rand random; // NOLINT(cert-msc32-c,cert-msc51-cpp): the same each time
+  int crossings = 0;
+  for (int i = 0; i < pairs; ++i) {
+    const auto one = random() % count;
+    const auto other = random() % count;
+    const auto& a = corners[one];
+    const auto& b = corners[(one + 1) % count];
+    const auto& c = corners[other];
+    const auto& d = corners[(other + 1) % count];
+    crossings += side(a, b, c) != side(a, b, d) && side(c, d, a) != side(c, d, b);
+  }
+  const auto edges = static_cast<double>(count);
+  return edges * edges / 2 * crossings / pairs > mostCrossings;
+}
+
 } // namespace
 
 osg::Vec3d areaNormal(std::span<const osg::Vec3> corners)
@@ -107,6 +149,7 @@ bool isConvex(std::span<const osg::Vec3> corners, const osg::Vec3d& areaNormal)
 
 std::vector<GLuint> tessellate(std::span<const osg::Vec3> corners, const osg::Vec3d& areaNormal)
 {
+  if (isTangle(corners, areaNormal)) return {};
   return Tessellator(corners, areaNormal).take();
 }
 

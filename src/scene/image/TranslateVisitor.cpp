@@ -1,8 +1,10 @@
 #include "scene/image/TranslateVisitor.h"
 
 #include "fltapi/AllRecords.h"
+#include "scene/image/Finite.h"
 #include "scene/image/LightPoints.h"
 #include "scene/image/Meshes.h"
+#include "scene/image/ModUserData.h"
 #include "scene/image/Sync.h"
 
 #include <algorithm>
@@ -15,8 +17,11 @@ using namespace fltapi;
 
 constexpr const char* numberGeodeName = "numbergeode";
 
-/// Matrices by which a replicated face or light point is shown again.
-std::vector<osg::Matrixd> copiesOf(const PrimNodeRecord& record)
+/// Corners that all copies of one polygon may have together.
+constexpr int mostCopiedCorners = 1 << 22;
+
+/// Matrices by which a replicated face or light point with that many corners is shown again.
+std::vector<osg::Matrixd> copiesOf(const PrimNodeRecord& record, int corners)
 {
   std::vector<osg::Matrixd> matrices;
   const auto* replicate = record.findChild<ReplicateRecord>();
@@ -25,7 +30,8 @@ std::vector<osg::Matrixd> copiesOf(const PrimNodeRecord& record)
   for (const auto* child : record.findChildren(opcodes::matrix))
     step = step * static_cast<const MatrixRecord*>(child)->matrix();
   auto matrix = step;
-  for (int i = 0; i < replicate->count(); ++i, matrix = matrix * step)
+  const int most = mostCopiedCorners / std::max(corners, 1);
+  for (int i = 0; i < std::min(replicate->count(), most) && isFinite(matrix); ++i, matrix = matrix * step)
     matrices.push_back(matrix);
   return matrices;
 }
@@ -45,7 +51,7 @@ PolygonShape moved(PolygonShape shape, const osg::Matrixd& matrix)
 void putFace(FaceStore& faces, PrimNodeRecord& record, osg::Group& holder, const FaceStore::Part& whole,
              const FaceStore::Part* outline)
 {
-  const auto copies = copiesOf(record);
+  const auto copies = copiesOf(record, whole.shape->cornerCount());
   if (copies.empty() && !outline) {
     faces.put(record, holder, {&whole, 1});
     return;
@@ -56,8 +62,11 @@ void putFace(FaceStore& faces, PrimNodeRecord& record, osg::Group& holder, const
   std::vector<PolygonShape> shapes;
   shapes.reserve(copies.size() * originals);
   for (const auto& copy : copies) {
-    for (std::size_t i = 0; i < originals; ++i)
-      parts.push_back({parts[i].state, &shapes.emplace_back(moved(*parts[i].shape, copy))});
+    for (std::size_t i = 0; i < originals; ++i) {
+      auto shape = moved(*parts[i].shape, copy);
+      if (!std::ranges::all_of(shape.positions, [](const auto& corner) { return isFinite(corner); })) continue;
+      parts.push_back({parts[i].state, &shapes.emplace_back(std::move(shape))});
+    }
   }
   faces.put(record, holder, parts);
 }
@@ -79,9 +88,18 @@ bool TranslateVisitor::translateNode(PrimNodeRecord& record)
   return true;
 }
 
+/// Goes on below a record. Instances can nest levels without end where no file is deep by itself; what is deeper than
+/// anybody can walk isn't shown.
+void TranslateVisitor::goOn(PrimNodeRecord& record)
+{
+  const auto depth = sync_.depth_++;
+  if (depth < deepestLevel) RecordVisitor::apply(static_cast<Record&>(record));
+  sync_.depth_ = depth;
+}
+
 void TranslateVisitor::apply(PrimNodeRecord& record)
 {
-  if (translateNode(record)) RecordVisitor::apply(static_cast<Record&>(record));
+  if (translateNode(record)) goOn(record);
 }
 
 void TranslateVisitor::apply(HeaderRecord& record)
@@ -91,7 +109,7 @@ void TranslateVisitor::apply(HeaderRecord& record)
     return;
   }
   sync_.applyMask(record);
-  RecordVisitor::apply(static_cast<Record&>(record));
+  goOn(record);
 }
 
 void TranslateVisitor::apply(LodRecord& record)
@@ -99,14 +117,14 @@ void TranslateVisitor::apply(LodRecord& record)
   if (!translateNode(record)) return;
   sync_.lods_[record.serial()] = &record;
   sync_.lodsChanged_ = true;
-  RecordVisitor::apply(static_cast<Record&>(record));
+  goOn(record);
 }
 
 void TranslateVisitor::apply(SwitchRecord& record)
 {
   if (!translateNode(record)) return;
   sync_.waitingSwitches_[record.serial()] = &record;
-  RecordVisitor::apply(static_cast<Record&>(record));
+  goOn(record);
 }
 
 /// The transparency of an object is in the corners of its polygons.
@@ -116,7 +134,7 @@ void TranslateVisitor::apply(ObjectRecord& record)
   if (traversalMode == TraversalMode::none)
     retranslateFaces(record);
   else
-    RecordVisitor::apply(static_cast<Record&>(record));
+    goOn(record);
 }
 
 void TranslateVisitor::apply(LightPointSystemRecord& record)
@@ -125,7 +143,7 @@ void TranslateVisitor::apply(LightPointSystemRecord& record)
   if (traversalMode == TraversalMode::none)
     retranslateFaces(record);
   else
-    RecordVisitor::apply(static_cast<Record&>(record));
+    goOn(record);
 }
 
 void TranslateVisitor::retranslateFaces(PrimNodeRecord& parent)
@@ -158,8 +176,17 @@ void TranslateVisitor::apply(FaceRecord& record)
   } else {
     putFace(sync_.faces_, record, *holder, {&state, &shape}, nullptr);
   }
-  sync_.applyMask(record);
-  RecordVisitor::apply(static_cast<Record&>(record));
+  maskPolygon(record);
+  goOn(record);
+}
+
+/// Where only the polygon itself was touched, its siblings below a switch needn't be looked at.
+void TranslateVisitor::maskPolygon(const PrimNodeRecord& record)
+{
+  if (traversalMode == TraversalMode::none)
+    sync_.setNodeMask(record, ModUserData::nodeMaskOf(record));
+  else
+    sync_.applyMask(record);
 }
 
 void TranslateVisitor::apply(MeshRecord& record)
@@ -202,7 +229,7 @@ void TranslateVisitor::translateLightPoint(PrimNodeRecord& record)
   else
     putFace(sync_.faces_, record, *holder, {&state, &shape}, nullptr);
   sync_.applyMask(record);
-  RecordVisitor::apply(static_cast<Record&>(record));
+  goOn(record);
 }
 
 void TranslateVisitor::apply(LightPointRecord& record)

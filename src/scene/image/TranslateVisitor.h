@@ -39,6 +39,8 @@ public:
 private:
   /// False when there is nothing above the record to hang it below.
   bool translateNode(fltapi::PrimNodeRecord& record);
+  void goOn(fltapi::PrimNodeRecord& record);
+  void maskPolygon(const fltapi::PrimNodeRecord& record);
   void translateLightPoint(fltapi::PrimNodeRecord& record);
   void retranslateFaces(fltapi::PrimNodeRecord& parent);
 

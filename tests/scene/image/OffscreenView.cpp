@@ -68,6 +68,7 @@ OffscreenView::OffscreenView(int width, int height) : context_(new Context{.widt
   state->setContextID(nextContext());
   view.setState(state);
   view.setFrameStamp(context_->stamp);
+  view.setLODScale(0); // the nearest levels of scenes that choose by distance
   view.setViewport(0, 0, width, height);
   const osg::Vec4ub color = background();
   view.setClearColor(osg::Vec4(color.r(), color.g(), color.b(), color.a()) / 255.0F);
@@ -116,6 +117,12 @@ void OffscreenView::lookAlong(const osg::Vec3d& direction, const osg::Vec3d& up)
   context_->view->setViewMatrixAsLookAt(center - unit * distance, center, up);
   context_->view->setProjectionMatrixAsPerspective(45, static_cast<double>(context_->width) / context_->height,
                                                    distance / 100, distance * 3);
+}
+
+void OffscreenView::lookAs(const OffscreenView& other)
+{
+  context_->view->setViewMatrix(other.context_->view->getViewMatrix());
+  context_->view->setProjectionMatrix(other.context_->view->getProjectionMatrix());
 }
 
 void OffscreenView::lookDown(double pixels)

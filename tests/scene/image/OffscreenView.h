@@ -28,6 +28,8 @@ public:
   void setWireframe(bool wireframe);
   /// Puts the whole scene into the view; `direction` is where the eye looks.
   void lookAlong(const osg::Vec3d& direction, const osg::Vec3d& up);
+  /// The same view as another one's.
+  void lookAs(const OffscreenView& other);
   /// A parallel projection onto the plane of x and y, seen from above: one unit is `pixels` pixels, the origin is the
   /// lower left corner.
   void lookDown(double pixels);

@@ -3,8 +3,11 @@
 #include "scene/image/FaceGeometry.h"
 #include "scene/image/Sync.h"
 
+#include <osg/Material>
 #include <osg/MatrixTransform>
+#include <osg/PolygonOffset>
 #include <osg/Switch>
+#include <osg/Texture2D>
 
 #include <algorithm>
 #include <iterator>
@@ -52,8 +55,45 @@ void printState(std::ostream& out, const FaceStateKey& key)
     out << ' ' << texture;
 }
 
+void printMaterial(std::ostream& out, const osg::Material& material)
+{
+  for (const auto& color : {material.getAmbient(osg::Material::FRONT), material.getDiffuse(osg::Material::FRONT),
+                            material.getSpecular(osg::Material::FRONT), material.getEmission(osg::Material::FRONT)})
+    print(out, color);
+  out << ' ' << material.getShininess(osg::Material::FRONT) << ' ' << material.getColorMode();
+}
+
+void printAttribute(std::ostream& out, const osg::StateAttribute& attribute)
+{
+  out << ' ' << attribute.className();
+  if (const auto* material = dynamic_cast<const osg::Material*>(&attribute)) printMaterial(out, *material);
+  if (const auto* offset = dynamic_cast<const osg::PolygonOffset*>(&attribute))
+    out << ' ' << offset->getFactor() << ' ' << offset->getUnits();
+  const auto* texture = dynamic_cast<const osg::Texture2D*>(&attribute);
+  if (texture && texture->getImage())
+    out << ' ' << texture->getImage()->getFileName() << ' ' << texture->getWrap(osg::Texture::WRAP_S);
+}
+
+/// What really draws, which comes from the palettes too.
+std::string textOf(const osg::StateSet& state)
+{
+  std::ostringstream out;
+  for (const auto& [kind, attribute] : state.getAttributeList())
+    printAttribute(out, *attribute.first);
+  for (const auto& layer : state.getTextureAttributeList()) {
+    out << " layer";
+    for (const auto& [kind, attribute] : layer)
+      printAttribute(out, *attribute.first);
+  }
+  for (const auto& [mode, value] : state.getModeList())
+    out << ' ' << mode << '=' << value;
+  out << " bin " << state.getBinNumber() << ' ' << state.getRenderingHint();
+  return out.str();
+}
+
 void addPolygons(const FaceGeometry& geometry, Lines& lines)
 {
+  const auto state = textOf(*geometry.getParent(0)->getStateSet());
   for (unsigned i = 0; i < static_cast<unsigned>(geometry.polygonCount()); ++i) {
     const auto& polygon = *geometry.polygonAt(i);
     std::ostringstream out;
@@ -69,8 +109,17 @@ void addPolygons(const FaceGeometry& geometry, Lines& lines)
       for (const auto corner : *polygon.triangles())
         out << ' ' << corner;
     }
-    lines.push_back(out.str());
+    lines.push_back(out.str() + " drawn with" + state);
   }
+}
+
+template <class Array>
+void printAll(std::ostream& out, const char* label, const osg::Array* array)
+{
+  if (!array) return;
+  out << ' ' << label;
+  for (const auto& value : static_cast<const Array&>(*array))
+    print(out, value);
 }
 
 std::string textOfNode(const osg::Node& node, bool inSwitchOn);
@@ -98,11 +147,18 @@ std::string textOfNode(const osg::Node& node, bool inSwitchOn)
   std::ostringstream out;
   out << node.className() << " \"" << node.getName() << "\" mask " << node.getNodeMask() << (inSwitchOn ? "" : " off");
   if (const auto* record = Sync::recordOf(node)) out << " record " << record->serial();
+  if (const auto* state = dynamic_cast<const NaltGeode*>(&node) ? node.getStateSet() : nullptr)
+    out << " drawn with" << textOf(*state);
   if (const auto* transform = dynamic_cast<const osg::MatrixTransform*>(&node)) {
     out << " matrix";
     std::copy_n(transform->getMatrix().ptr(), 16, std::ostream_iterator<double>(out, " "));
   }
   if (const auto* geometry = node.asGeometry()) {
+    printAll<osg::Vec3Array>(out, "at", geometry->getVertexArray());
+    printAll<osg::Vec3Array>(out, "normals", geometry->getNormalArray());
+    printAll<osg::Vec4ubArray>(out, "colors", geometry->getColorArray());
+    for (unsigned unit = 0; unit < geometry->getNumTexCoordArrays(); ++unit)
+      printAll<osg::Vec2Array>(out, "uvs", geometry->getTexCoordArray(unit));
     for (unsigned i = 0; i < geometry->getNumPrimitiveSets(); ++i) {
       const auto& set = *geometry->getPrimitiveSet(i);
       out << " primitive " << set.getMode();
