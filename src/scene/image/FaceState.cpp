@@ -1,5 +1,7 @@
 #include "scene/image/FaceState.h"
 
+#include "fltapi/FltFile.h"
+
 namespace nalt {
 
 namespace {
@@ -16,6 +18,10 @@ void copyContent(const osg::StateSet& from, osg::StateSet& to)
 }
 
 } // namespace
+
+FaceState::FaceState(const FaceStateKey& key, const fltapi::FltFile* file) : key_(key), file_(file) {}
+
+FaceState::~FaceState() = default;
 
 osg::StateSet* FaceState::stateSetWithRoom()
 {

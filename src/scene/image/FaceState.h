@@ -52,7 +52,7 @@ struct FaceStateKey {
 /// The state that all polygons with one key share.
 class FaceState : public osg::Referenced {
 public:
-  FaceState(const FaceStateKey& key, const fltapi::FltFile* file) : key_(key), file_(file) {}
+  FaceState(const FaceStateKey& key, const fltapi::FltFile* file);
 
   const FaceStateKey& key() const { return key_; }
   /// What draws the polygons. The list goes by `stateSetWithRoom`.
@@ -69,7 +69,7 @@ public:
   void setAlpha(float alpha) { alpha_ = alpha; }
 
 protected:
-  ~FaceState() override = default;
+  ~FaceState() override;
 
 private:
   FaceStateKey key_;
