@@ -84,22 +84,37 @@ std::pair<int, int> planeOf(const osg::Vec3d& normal)
   return y >= x ? std::pair(2, 0) : std::pair(1, 2);
 }
 
-/// Whether so many edges cross that the tessellator, which looks at each crossing, would take minutes: a contour that
-/// somebody drew doesn't. Looks at pairs of edges by chance, the same ones each time.
+/// Whether the tessellator would take minutes for a polygon. It looks at each crossing of edges, and for each corner at
+/// many of the edges that are as far along as it is; a contour that somebody drew has few of both.
 bool isTangle(std::span<const osg::Vec3> corners, const osg::Vec3d& normal)
 {
   constexpr std::size_t fewCorners = 2000;
+  constexpr double mostSteps = 5e7;
   constexpr int pairs = 20'000;
   constexpr double mostCrossings = 1e6;
   const auto count = corners.size();
   if (count <= fewCorners) return false;
+  const auto edges = static_cast<double>(count);
   const auto [u, v] = planeOf(normal);
+
+  double lowest = corners[0][u];
+  double highest = lowest;
+  double way = 0;
+  for (std::size_t i = 0; i < count; ++i) {
+    const double at = corners[i][u];
+    lowest = std::min(lowest, at);
+    highest = std::max(highest, at);
+    way += std::abs(corners[(i + 1) % count][u] - at);
+  }
+  if (highest > lowest && edges * way / (highest - lowest) > mostSteps) return true;
+
   const auto side = [&, u = u, v = v](const osg::Vec3& a, const osg::Vec3& b, const osg::Vec3& c) {
     const double abU = static_cast<double>(b[u]) - a[u];
     const double abV = static_cast<double>(b[v]) - a[v];
     return abU * (static_cast<double>(c[v]) - a[v]) - abV * (static_cast<double>(c[u]) - a[u]) > 0;
   };
-  std::minstd_rand random; // NOLINT(cert-msc32-c,cert-msc51-cpp): the same each time
+  // Pairs of edges by chance, the same ones each time.
+  std::minstd_rand random; // NOLINT(cert-msc32-c,cert-msc51-cpp)
   int crossings = 0;
   for (int i = 0; i < pairs; ++i) {
     const auto one = random() % count;
@@ -110,7 +125,6 @@ bool isTangle(std::span<const osg::Vec3> corners, const osg::Vec3d& normal)
     const auto& d = corners[(other + 1) % count];
     crossings += side(a, b, c) != side(a, b, d) && side(c, d, a) != side(c, d, b);
   }
-  const auto edges = static_cast<double>(count);
   return edges * edges / 2 * crossings / pairs > mostCrossings;
 }
 

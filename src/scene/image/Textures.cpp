@@ -4,6 +4,7 @@
 #include "fltapi/FltFile.h"
 #include "platform/Paths.h"
 #include "scene/image/FileSearch.h"
+#include "scene/image/SgiImage.h"
 #include "scene/image/TextureAttributes.h"
 
 #include <osg/Notify>
@@ -18,6 +19,7 @@ using fltapi::TexturePaletteRecord;
 
 osg::ref_ptr<osg::Image> readImage(const std::string& path)
 {
+  if (!isSoundImageFile(path)) return nullptr;
   // Rows of these files run from the top down.
   const bool flips = osgDB::getLowerCaseFileExtension(path) == "dds";
   const osg::ref_ptr<osgDB::Options> options = flips ? new osgDB::Options("dds_flip") : nullptr;

@@ -6,6 +6,8 @@
 
 #include <osg/MatrixTransform>
 
+#include <algorithm>
+
 namespace nalt {
 
 namespace {
@@ -54,16 +56,27 @@ void VertexNumbers::clear()
 {
   group_->removeChildren(0, group_->getNumChildren());
   made_.clear();
+  places_.clear();
+}
+
+bool VertexNumbers::isCurrent(const std::vector<GeometryPlaces::Place>& places) const
+{
+  return std::ranges::equal(places, places_, [&](const auto& now, const auto& before) {
+    return now.geometry == before.geometry && now.toWorld == before.toWorld &&
+           made_.at(before.geometry).revision == revisionOf(*now.geometry);
+  });
 }
 
 void VertexNumbers::update(osg::Node& scene, std::uint32_t viewportBits)
 {
   if (viewportBits != viewportBits_) clear();
   viewportBits_ = viewportBits;
-  group_->removeChildren(0, group_->getNumChildren());
-
   GeometryPlaces visitor(viewportBits);
   scene.accept(visitor);
+  if (isCurrent(visitor.places())) return;
+
+  group_->removeChildren(0, group_->getNumChildren());
+  places_ = visitor.places();
   Cache made;
   for (const auto& place : visitor.places()) {
     auto& entry = made[place.geometry];

@@ -6,6 +6,7 @@
 #include <osg/Group>
 
 #include <map>
+#include <vector>
 
 namespace nalt {
 
@@ -29,10 +30,12 @@ private:
     unsigned revision;
   };
   using Cache = std::map<osg::ref_ptr<osg::Geometry>, Made>;
+  bool isCurrent(const std::vector<GeometryPlaces::Place>& places) const;
   static osg::ref_ptr<osg::Geode> make(const osg::Geometry& geometry, std::uint32_t viewportBits);
 
   osg::ref_ptr<osg::Group> group_ = new osg::Group;
   Cache made_;
+  std::vector<GeometryPlaces::Place> places_; ///< what the group was made from
   std::uint32_t viewportBits_ = 0;
 };
 
