@@ -89,7 +89,8 @@ private:
   void setLighting()
   {
     content_->setMode(GL_LIGHTING, key_.lit ? Value::ON : Value::OFF);
-    const auto* palette = material();
+    // Without light a material does nothing, and its opacity doesn't either.
+    const auto* palette = key_.lit ? material() : nullptr;
     state_.setAlpha(palette ? palette->get(MaterialPaletteRecord::fields.alpha) : 1);
     if (state_.alpha() < 1) transparent_ = true;
     if (!key_.lit) return;

@@ -290,6 +290,7 @@ private:
   {
     auto* node = nodes_[1 + pick(nodes_.size() - 1)];
     auto* target = anyNode();
+    if (node == &group || node == &object) return; // the fixture's own stay where they are
     if (node == target || node->isAncestorOf(*target) || !node->parent() || isInDefinition(*node) ||
         isInDefinition(*target))
       return;
@@ -350,7 +351,6 @@ private:
     std::erase(nodes_, &node);
     std::erase_if(meshes_, [&](const auto* mesh) { return mesh == &node; });
     std::erase(lights_, &node);
-    if (&node == external_) external_ = &build.add<ExternalRecord>(group), sync().translate(*external_);
     std::erase_if(faces_, [&](const auto* face) { return face == &node; });
     for (auto* child : node.primaryChildren())
       forget(*child);
