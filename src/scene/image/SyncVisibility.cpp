@@ -77,7 +77,7 @@ void Sync::applyMask(const PrimNodeRecord& record)
 {
   if (const auto* above = switchAbove(record)) {
     waitingSwitches_[above->serial()] = above;
-    if (record.holdsSubfaces()) return;
+    if (record.holdsSubfaces() && !find(record)) return; // light points have a node too
   }
   setNodeMask(record, ModUserData::nodeMaskOf(record));
 }
