@@ -98,12 +98,13 @@ TEST_F(ExternalReferencesTest, UnloadingTakesTheContentOutOfDocumentAndScene)
   open();
   auto& reference = static_cast<ExternalRecord&>(
       *model->fltFile()->header()->findDescendants(ExternalRecord::code, /*followInstances=*/true).front());
-  ASSERT_TRUE(model->sync()->nodeOf(*reference.referencedFile()->header()));
   const osg::ref_ptr<FltFile> content = reference.referencedFile();
+  const auto& group = *content->header()->primaryChildAt(0);
+  ASSERT_TRUE(model->sync()->nodeOf(group));
   unloadExternals(*model, {"wheel.flt"});
   EXPECT_EQ(state(), "door.flt 1 loaded; wheel.flt 2 empty; ");
   EXPECT_EQ(reference.primaryChildCount(), 0);
-  EXPECT_FALSE(model->sync()->nodeOf(*content->header()));
+  EXPECT_FALSE(model->sync()->nodeOf(group));
   EXPECT_FALSE(model->isDirty());
 }
 
