@@ -15,6 +15,7 @@ namespace {
 constexpr std::size_t versionSize = 8;
 constexpr std::size_t windowStart = versionSize;
 constexpr std::size_t windowSize = 4120;
+constexpr std::size_t windowPlaceSize = 17; // of the window block, what stands before the recent files
 constexpr std::size_t preferencesStart = windowStart + windowSize;
 constexpr std::size_t preferencesSize = 88;
 constexpr std::size_t morePreferencesSize = 80;
@@ -224,16 +225,16 @@ std::string encodeSettings(const Settings& settings)
 std::optional<double> encodedVersion(std::string_view bytes)
 {
   if (bytes.size() < versionSize) return std::nullopt;
-  double version = 0;
-  Reader(bytes).value(0, version);
-  return version;
+  std::uint64_t bits;
+  std::memcpy(&bits, bytes.data(), sizeof bits);
+  return std::bit_cast<double>(swapped<double>(bits)); // infinity counts as newer, what is no number doesn't
 }
 
 bool decodeSettings(std::string_view bytes, Settings& settings)
 {
   const Reader reader(bytes);
   Settings read = settings;
-  const bool hasWindow = bytes.size() >= preferencesStart;
+  const bool hasWindow = bytes.size() >= windowStart + windowPlaceSize;
   if (hasWindow) {
     windowBlock(reader, read.window);
     read.window.x = std::max(0, read.window.x);

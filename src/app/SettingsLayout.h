@@ -35,7 +35,7 @@ std::string encodeSettings(const Settings& settings);
 /// The version that a settings file begins with; none when it is too short to say.
 std::optional<double> encodedVersion(std::string_view bytes);
 /// Takes over what `bytes` hold. A file that ends early, or values that make no sense, leave the rest as it is.
-/// False when the file doesn't hold a whole window block; the window settings then stay as they are.
+/// False when the file ends before it has said where the window was; the window settings then stay as they are.
 bool decodeSettings(std::string_view bytes, Settings& settings);
 
 } // namespace nalt

@@ -25,8 +25,8 @@ void CommandStack::record(Command& command)
   if (!recording()) return;
   auto* recorder = Shell::get().scriptRecorder();
   command.setScriptLine(recorder->lineCount());
-  recorder->appendComment(command.commentText());
-  recorder->appendScript(command.scriptText());
+  if (const auto comment = command.commentText(); !comment.empty()) recorder->appendComment(comment);
+  if (const auto script = command.scriptText(); !script.empty()) recorder->appendScript(script);
 }
 
 void CommandStack::add(std::unique_ptr<Command> command)
@@ -63,11 +63,11 @@ void CommandStack::undo()
 {
   if (undo_.empty()) return;
   const WaitCursor cursor;
-  auto command = std::move(undo_.back());
+  auto& command = *undo_.back();
+  command.undo();
+  if (recording() && command.scriptLine() >= 0) Shell::get().scriptRecorder()->cutBackTo(command.scriptLine());
+  redo_.push_back(std::move(undo_.back()));
   undo_.pop_back();
-  command->undo();
-  if (recording() && command->scriptLine() >= 0) Shell::get().scriptRecorder()->cutBackTo(command->scriptLine());
-  redo_.push_back(std::move(command));
   changed();
   model_.followHistory();
 }
@@ -76,17 +76,18 @@ void CommandStack::redo()
 {
   if (redo_.empty()) return;
   const WaitCursor cursor;
-  auto command = std::move(redo_.back());
+  auto& command = *redo_.back();
+  command.redo();
+  record(command);
+  undo_.push_back(std::move(redo_.back()));
   redo_.pop_back();
-  command->redo();
-  record(*command);
-  undo_.push_back(std::move(command));
   changed();
   model_.followHistory();
 }
 
 void CommandStack::clear()
 {
+  if (undo_.empty() && redo_.empty()) return;
   undo_.clear();
   redo_.clear();
   changed();

@@ -4,6 +4,7 @@
 #include "core/Shell.h"
 #include "core/TabLabel.h"
 #include "core/Tool.h"
+#include "core/selection/SelectionMarks.h"
 #include "fltapi/FltFile.h"
 #include "fltapi/nodes/HeaderRecord.h"
 #include "fltapi/palettes/ColorPaletteRecord.h"
@@ -67,21 +68,32 @@ Model::~Model()
   commandStack_.clear();
 }
 
+/// Nothing of a former document may be undone, selected or shown in the next one.
+void Model::dropDocument()
+{
+  if (!file_) return;
+  commandStack_.clear();
+  selections_.forgetAll();
+  currentParent_ = nullptr;
+  if (sync_) extras_->removeChild(&sync_->highlight());
+  sync_ = nullptr;
+}
+
 bool Model::createEmpty()
 {
+  dropDocument();
   new_ = true;
   file_ = new fltapi::FltFile;
   file_->initNew();
   if (auto* palette = file_->colorPalette()) fillDefaultColors(*palette);
-  sync_ = nullptr;
   checkParent();
   return true;
 }
 
 bool Model::load(const std::string& path)
 {
+  dropDocument();
   file_ = new fltapi::FltFile;
-  sync_ = nullptr;
   if (!file_->load(path)) {
     file_ = nullptr;
     return false;
@@ -102,6 +114,8 @@ osg::Group* Model::sceneRoot()
   if (!sync_) {
     sync_ = std::make_unique<Sync>(*file_);
     sync_->translateAll();
+    showMarks(selections_.current(), *sync_);
+    extras_->addChild(&sync_->highlight());
   }
   return sync_->root();
 }
@@ -178,6 +192,7 @@ void Model::followHistory()
 {
   checkParent();
   if (tool_) tool_->refresh();
+  if (sync_ && sync_->lodState() < sync_->stateCount()) sync_->setLodState(sync_->lodState());
   redrawViewports();
 }
 

@@ -117,6 +117,7 @@ public:
 
 private:
   void endTool();
+  void dropDocument();
 
   osg::ref_ptr<fltapi::FltFile> file_;
   std::unique_ptr<Sync> sync_;

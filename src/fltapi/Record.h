@@ -107,6 +107,9 @@ public:
   int index() const { return index_; }
   /// A number that no other record of this process ever had or will have.
   std::uint32_t serial() const { return serial_; }
+  /// Bits for who shows the record, all 0 at first. They are no part of the document: neither copied nor saved.
+  std::uint8_t marks() const { return marks_; }
+  void setMarks(std::uint8_t marks) { marks_ = marks; }
 
   // ---- streams ------------------------------------------------------------------------------------------------------
 
@@ -125,6 +128,7 @@ private:
 
   // The order fills the gap that osg::Referenced leaves at its end.
   bool swapped_ = false;
+  std::uint8_t marks_ = 0;
   std::uint32_t serial_;
   std::int32_t index_ = -1;
   Buffer data_;

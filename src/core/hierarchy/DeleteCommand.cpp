@@ -2,6 +2,7 @@
 
 #include "core/ApiReference.h"
 #include "core/Model.h"
+#include "core/Shell.h"
 #include "fltapi/FltFile.h"
 #include "fltapi/Opcodes.h"
 #include "fltapi/geometry/TextureLayerRecords.h"
@@ -75,10 +76,24 @@ void DeleteCommand::restore(VertexListRecord& list, const ListState& state)
               state.layers.size() - fltapi::recordHeadSize);
 }
 
+/// A list that belongs to no file takes no vertices; what else was deleted comes back all the same.
+bool DeleteCommand::takesVertices(const ListChange& change)
+{
+  if (change.list->file()) return true;
+  const auto& vertices = change.before.vertices;
+  for (const auto& vertex : vertices) {
+    if (std::ranges::find(change.after.vertices, vertex) != change.after.vertices.end()) continue;
+    const std::string what = vertex == vertices.back() ? "add" : "insert";
+    Shell::get().warning("DeleteCommand::undo: Failed to " + what + " vertex");
+  }
+  return false;
+}
+
 void DeleteCommand::updateLists(bool after)
 {
   std::vector<osg::ref_ptr<fltapi::Record>> polygons;
   for (const auto& change : lists_) {
+    if (!after && !takesVertices(change)) continue;
     restore(*change.list, after ? change.after : change.before);
     if (change.list->parent()) polygons.emplace_back(change.list->parent());
   }

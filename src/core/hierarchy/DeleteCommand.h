@@ -58,6 +58,7 @@ private:
   void noteMasks();
   static ListState stateOf(const fltapi::VertexListRecord& list);
   static void restore(fltapi::VertexListRecord& list, const ListState& state);
+  static bool takesVertices(const ListChange& change);
   void updateLists(bool after);
 
   Model& model_;

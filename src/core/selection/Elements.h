@@ -2,9 +2,9 @@
 
 #include "fltapi/geometry/VertexListRecord.h"
 
-#include <functional>
-
 namespace nalt {
+
+// The elements of selections. Each has an order: that in which their records were made.
 
 /// A corner of a polygon or light point.
 struct FltVertex {
@@ -12,7 +12,11 @@ struct FltVertex {
   osg::ref_ptr<fltapi::VertexBaseRecord> vertex;
 
   fltapi::PrimNodeRecord* owner() const { return list->parent(); }
-  std::uint32_t serial() const { return vertex->serial(); }
+  static bool before(const FltVertex& a, const FltVertex& b)
+  {
+    if (a.vertex != b.vertex) return a.vertex->serial() < b.vertex->serial();
+    return a.list->serial() < b.list->serial();
+  }
   bool operator==(const FltVertex& other) const { return vertex == other.vertex && list == other.list; }
 };
 
@@ -23,7 +27,12 @@ struct FltEdge {
   osg::ref_ptr<fltapi::VertexBaseRecord> to;
 
   fltapi::PrimNodeRecord* owner() const { return list->parent(); }
-  std::uint32_t serial() const { return from->serial(); }
+  static bool before(const FltEdge& a, const FltEdge& b)
+  {
+    if (a.from != b.from) return a.from->serial() < b.from->serial();
+    if (a.to != b.to) return a.to->serial() < b.to->serial();
+    return a.list->serial() < b.list->serial();
+  }
   bool operator==(const FltEdge& other) const { return from == other.from && to == other.to && list == other.list; }
 };
 
@@ -31,18 +40,8 @@ struct FltEdge {
 struct FltNode {
   osg::ref_ptr<fltapi::PrimNodeRecord> node;
 
-  std::uint32_t serial() const { return node->serial(); }
+  static bool before(const FltNode& a, const FltNode& b) { return a.node->serial() < b.node->serial(); }
   bool operator==(const FltNode& other) const { return node == other.node; }
-};
-
-/// Serial numbers are all different, and elements that are used together have neighbouring ones: as they stand they
-/// give the hash table's memory the order of the model.
-struct ElementHash {
-  template <class Element>
-  std::size_t operator()(const Element& element) const
-  {
-    return element.serial();
-  }
 };
 
 /// "p19/V2": the name of a polygon and the number of a corner, counted from 0.

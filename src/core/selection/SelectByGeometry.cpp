@@ -13,6 +13,7 @@
 #include <bit>
 #include <cmath>
 #include <numbers>
+#include <numeric>
 #include <span>
 
 // Selections by where corners lie: at a place, on slivers, along open borders.
@@ -96,12 +97,72 @@ bool isNear(const osg::Vec3d& a, const osg::Vec3d& b, double tolerance)
          std::abs(a.z() - b.z()) <= tolerance;
 }
 
-/// An edge under a key that doesn't depend on its direction.
+/// An edge under a key that doesn't depend on its direction. Not counted: its polygon stays where it is meanwhile.
 struct KeyedEdge {
   std::uint64_t key;
-  double endPlace; ///< of the second end, on a line that no grid is aligned with
-  const FltEdge* edge;
+  fltapi::VertexListRecord* list;
+  fltapi::VertexBaseRecord* from;
+  fltapi::VertexBaseRecord* to;
 };
+using KeyedEdges = std::vector<KeyedEdge>;
+
+void addEdges(fltapi::VertexListRecord& list, KeyedEdges& edges)
+{
+  const auto& vertices = list.vertices();
+  if (vertices.size() < 2) return;
+  const auto firstHash = hashOf(vertices.front()->position());
+  auto hash = firstHash;
+  for (std::size_t i = 0; i < vertices.size(); ++i) {
+    const bool isLast = i + 1 == vertices.size();
+    auto& next = *vertices[isLast ? 0 : i + 1];
+    const auto nextHash = isLast ? firstHash : hashOf(next.position());
+    edges.push_back({hash ^ nextHash, &list, vertices[i], &next});
+    hash = nextHash;
+  }
+}
+
+/// The edges of the selection, or of the whole file when nothing is selected.
+KeyedEdges edgesInScope(Model& model)
+{
+  KeyedEdges edges;
+  const auto& selected = model.selections().current();
+  if (selected.empty()) {
+    if (model.fltFile() && model.fltFile()->header()) {
+      forEachVertexList(*model.fltFile()->header(), [&](fltapi::VertexListRecord& list) { addEdges(list, edges); });
+    }
+    return edges;
+  }
+  const auto scope = inScope(model, SelectionMode::edge);
+  edges.reserve(scope->size());
+  for (const auto& edge : static_cast<const EdgeSelection&>(*scope).elements()) {
+    edges.push_back({hashOf(edge.from->position()) ^ hashOf(edge.to->position()), edge.list, edge.from, edge.to});
+  }
+  return edges;
+}
+
+/// Brings edges of equal keys together, in a time that grows with their number only: a first pass deals them out to
+/// parts that fit into a processor's cache.
+void sortByKey(KeyedEdges& edges)
+{
+  constexpr std::size_t edgesOfAPart = 1024;
+  const auto bits = std::bit_width(edges.size() / edgesOfAPart);
+  const auto partOf = [&](const KeyedEdge& edge) {
+    return bits == 0 ? 0 : edge.key * 0x9e3779b97f4a7c15U >> (64 - bits);
+  };
+  std::vector<std::size_t> starts((std::size_t{1} << bits) + 1);
+  for (const auto& edge : edges)
+    ++starts[partOf(edge) + 1];
+  std::partial_sum(starts.begin(), starts.end(), starts.begin());
+  KeyedEdges dealt(edges.size());
+  auto places = starts;
+  for (const auto& edge : edges)
+    dealt[places[partOf(edge)]++] = edge;
+  for (std::size_t part = 0; part + 1 < starts.size(); ++part) {
+    const auto at = [&](std::size_t i) { return dealt.begin() + static_cast<std::ptrdiff_t>(starts[i]); };
+    std::sort(at(part), at(part + 1), [](const KeyedEdge& a, const KeyedEdge& b) { return a.key < b.key; });
+  }
+  edges = std::move(dealt);
+}
 
 /// A line on which points that are near each other have near places, and few others do.
 double placeOnLine(const osg::Vec3d& point)
@@ -109,24 +170,47 @@ double placeOnLine(const osg::Vec3d& point)
   return point.x() * 0.5773 + point.y() * 0.7071 + point.z() * 0.4142;
 }
 
-bool runsAgainst(const FltEdge& a, const FltEdge& b, double tolerance)
+bool runsAgainst(const KeyedEdge& a, const KeyedEdge& b, double tolerance)
 {
   return isNear(a.from->position(), b.to->position(), tolerance) &&
          isNear(a.to->position(), b.from->position(), tolerance);
 }
 
-/// Whether one of the edges under the same key, ordered by where they end, ends where `edge` begins and begins where it
-/// ends.
-bool hasNeighbour(const FltEdge& edge, std::span<const KeyedEdge> sameKey, double tolerance)
-{
-  const double place = placeOnLine(edge.from->position());
-  const double reach = 2 * tolerance;
-  auto other = std::ranges::lower_bound(sameKey, place - reach, {}, &KeyedEdge::endPlace);
-  for (; other != sameKey.end() && other->endPlace <= place + reach; ++other) {
-    if (other->edge != &edge && runsAgainst(edge, *other->edge, tolerance)) return true;
+/// Edges under one key. Most keys have two; where thousands lie on one another they are found by where they end.
+class SameKey {
+public:
+  SameKey(std::span<const KeyedEdge> edges, double tolerance) : edges_(edges), tolerance_(tolerance)
+  {
+    if (edges.size() <= fewEdges) return;
+    for (const auto& edge : edges)
+      byEnd_.emplace_back(placeOnLine(edge.to->position()), &edge);
+    std::ranges::sort(byEnd_);
   }
-  return false;
-}
+
+  /// Whether another edge begins where `edge` ends and ends where it begins.
+  bool hasNeighbour(const KeyedEdge& edge) const
+  {
+    const auto isNeighbour = [&](const KeyedEdge& other) {
+      return &other != &edge && runsAgainst(edge, other, tolerance_);
+    };
+    if (byEnd_.empty()) return std::ranges::any_of(edges_, isNeighbour);
+    const double place = placeOnLine(edge.from->position());
+    const double reach = 2 * tolerance_;
+    auto other = std::ranges::lower_bound(byEnd_, place - reach, {}, &Ended::first);
+    for (; other != byEnd_.end() && other->first <= place + reach; ++other) {
+      if (isNeighbour(*other->second)) return true;
+    }
+    return false;
+  }
+
+private:
+  using Ended = std::pair<double, const KeyedEdge*>;
+  static constexpr std::size_t fewEdges = 8;
+
+  std::span<const KeyedEdge> edges_;
+  std::vector<Ended> byEnd_;
+  double tolerance_;
+};
 
 } // namespace
 
@@ -169,24 +253,21 @@ bool selectNakedEdges(Model& model, bool undoable)
 {
   const WaitCursor cursor;
   const double tolerance = Preferences::get().tolerance;
-  const auto edges = inScope(model, SelectionMode::edge);
-  std::vector<KeyedEdge> keyed;
-  keyed.reserve(edges->size());
-  for (const auto& edge : static_cast<const EdgeSelection&>(*edges).elements()) {
-    keyed.push_back(
-        {hashOf(edge.from->position()) ^ hashOf(edge.to->position()), placeOnLine(edge.to->position()), &edge});
-  }
-  std::ranges::sort(keyed, {}, [](const KeyedEdge& edge) { return std::pair(edge.key, edge.endPlace); });
-
+  auto edges = edgesInScope(model);
+  sortByKey(edges);
   auto naked = std::make_unique<EdgeSelection>(SelectionMode::edge);
-  for (auto first = keyed.begin(); first != keyed.end();) {
-    const auto last = std::find_if(first, keyed.end(), [&](const KeyedEdge& other) { return other.key != first->key; });
-    for (auto one = first; one != last; ++one) {
-      if (!hasNeighbour(*one->edge, {first, last}, tolerance)) naked->insert(*one->edge);
+  std::vector<const KeyedEdge*> found;
+  for (auto first = edges.begin(); first != edges.end();) {
+    const auto last = std::find_if(first, edges.end(), [&](const KeyedEdge& other) { return other.key != first->key; });
+    const SameKey sameKey({first, last}, tolerance);
+    for (; first != last; ++first) {
+      if (!sameKey.hasNeighbour(*first)) found.push_back(&*first);
     }
-    first = last;
   }
-  model.selections().noteFreedElements(edges->size());
+  std::ranges::sort(found, {}, [](const KeyedEdge* edge) { return edge->from->serial(); });
+  for (const auto* edge : found)
+    naked->insert({edge->list, edge->from, edge->to});
+  model.selections().noteFreedElements(edges.size());
   if (naked->empty()) return false;
   model.selections().select(std::move(naked),
                             recordedChange("selectNakedEdges", luaCall("selectNakedEdges"), undoable));

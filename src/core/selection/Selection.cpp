@@ -151,10 +151,9 @@ template <class Element>
 std::vector<const Element*> ElementSelection<Element>::ordered() const
 {
   std::vector<const Element*> list;
-  list.reserve(elements_.size());
+  list.reserve(size());
   for (const auto& element : elements_)
     list.push_back(&element);
-  std::ranges::sort(list, {}, [](const Element* element) { return element->serial(); });
   return list;
 }
 
@@ -162,9 +161,7 @@ template <class Element>
 bool ElementSelection<Element>::add(const Selection& other)
 {
   if (other.mode() != mode()) return refuse("add");
-  const auto& more = static_cast<const ElementSelection&>(other).elements_;
-  elements_.reserve(elements_.size() + more.size());
-  elements_.insert(more.begin(), more.end());
+  elements_.add(static_cast<const ElementSelection&>(other).elements_);
   return true;
 }
 
@@ -173,8 +170,7 @@ bool ElementSelection<Element>::remove(const Selection& other)
 {
   if (other.mode() != mode()) return refuse("remove");
   const auto before = elements_.size();
-  for (const auto& element : static_cast<const ElementSelection&>(other).elements_)
-    elements_.erase(element);
+  elements_.subtract(static_cast<const ElementSelection&>(other).elements_);
   return elements_.size() != before;
 }
 
@@ -182,16 +178,14 @@ template <class Element>
 bool ElementSelection<Element>::combine(const Selection& other)
 {
   if (other.mode() != mode()) return refuse("combine with");
-  for (const auto& element : static_cast<const ElementSelection&>(other).elements_) {
-    if (elements_.erase(element) == 0) elements_.insert(element);
-  }
+  elements_.toggle(static_cast<const ElementSelection&>(other).elements_);
   return true;
 }
 
 template <class Element>
 void ElementSelection<Element>::discard(const ElementTest& unwanted)
 {
-  std::erase_if(elements_, [&](const Element& element) { return unwanted(ownerOf(element), vertexOf(element)); });
+  elements_.eraseIf([&](const Element& element) { return unwanted(ownerOf(element), vertexOf(element)); });
 }
 
 template <class Element>
@@ -216,8 +210,8 @@ bool ElementSelection<Element>::containsNode(const PrimNodeRecord& node) const
 template <class Element>
 void ElementSelection<Element>::forEach(const std::function<void(PrimNodeRecord&, VertexBaseRecord*)>& work) const
 {
-  for (const auto* element : ordered())
-    work(ownerOf(*element), vertexOf(*element));
+  for (const auto& element : elements_)
+    work(ownerOf(element), vertexOf(element));
 }
 
 template <class Element>

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/selection/ElementSet.h"
 #include "core/selection/Elements.h"
 #include "core/selection/SelectionMode.h"
 
@@ -7,7 +8,7 @@
 #include <memory>
 #include <osg/BoundingBox>
 #include <set>
-#include <unordered_set>
+#include <vector>
 
 namespace nalt {
 
@@ -68,14 +69,13 @@ private:
 template <class Element>
 class ElementSelection : public Selection {
 public:
-  using Elements = std::unordered_set<Element, ElementHash>;
+  using Elements = ElementSet<Element>;
 
   explicit ElementSelection(SelectionMode mode) : Selection(mode) {}
 
   const Elements& elements() const { return elements_; }
-  bool insert(const Element& element) { return elements_.insert(element).second; }
-  void reserve(std::size_t count) { elements_.reserve(count); }
-  /// In the order in which their records were made.
+  bool insert(const Element& element) { return elements_.insert(element); }
+  /// In the order in which their records were made. Valid until the selection changes.
   std::vector<const Element*> ordered() const;
 
   std::unique_ptr<Selection> clone() const override { return std::make_unique<ElementSelection>(*this); }

@@ -9,6 +9,7 @@
 #include "core/selection/Collect.h"
 #include "core/selection/RecordedChange.h"
 #include "core/selection/SelectionCommand.h"
+#include "core/selection/SelectionMarks.h"
 #include "platform/Memory.h"
 
 #include <algorithm>
@@ -87,6 +88,8 @@ void SelectionSet::select(Selections selections, const SelectionChange& change)
   previous_ = current_;
   Selections before = std::move(current_);
   current_ = std::move(selections);
+  markSelected(before, false, model_.sync());
+  markSelected(current_, true, model_.sync());
   // The command gets a copy of its own: what is selected now must not be copied at the next click.
   Selections added;
   if (change.undoable) {
@@ -132,6 +135,7 @@ bool SelectionSet::add(const Selection& selection, const SelectionChange& change
   if (const auto* family = current_.find(selection.mode())) joining->remove(*family);
   added.add(*joining);
   current_.add(*joining);
+  markSelected(added, true, model_.sync());
   finish({}, std::move(added), change);
   return true;
 }
@@ -148,6 +152,7 @@ bool SelectionSet::remove(const Selection& selection, const SelectionChange& cha
   Selections removed;
   removed.add(*leaving);
   if (!current_.remove(selection)) return false;
+  markSelected(removed, false, model_.sync());
   finish(std::move(removed), {}, change);
   return true;
 }
@@ -173,6 +178,8 @@ bool SelectionSet::toggle(const Selection& selection, const SelectionChange& cha
   }
   current_.remove(removed);
   current_.add(added);
+  markSelected(removed, false, model_.sync());
+  markSelected(added, true, model_.sync());
   finish(std::move(removed), std::move(added), change);
   return true;
 }
@@ -183,6 +190,7 @@ void SelectionSet::clear(const SelectionChange& change)
   noteFreedElements(current_.size());
   Selections before = std::move(current_);
   current_.clear();
+  markSelected(before, false, model_.sync());
   finish(std::move(before), {}, change);
   constexpr std::size_t large = 100'000;
   if (freedElements_ < large) return;
@@ -214,6 +222,7 @@ void SelectionSet::finish(Selections removed, Selections added, const SelectionC
   const auto pivotBefore = pivot_;
   if (change.updatePivot) pivot_.isStale = true;
   tellListeners();
+  if (change.updatePivot) tellPivotListeners();
   if (!change.undoable) return;
   const auto recorded = asRecorded(change);
   const bool recordsEmpty = current_.empty() && (!change.byHand || recorded.byHand);
@@ -223,12 +232,15 @@ void SelectionSet::finish(Selections removed, Selections added, const SelectionC
 
 void SelectionSet::exchange(const Selections& leaving, const Selections& joining, const PivotState& pivot)
 {
+  auto before = current_;
   current_.remove(leaving);
   current_.add(joining);
+  if (!current_.empty()) previous_ = std::move(before);
+  markSelected(leaving, false, model_.sync());
+  markSelected(joining, true, model_.sync());
   pivot_ = pivot;
   tellListeners();
-  for (auto* listener : pivotListeners)
-    listener->pivotChanged();
+  tellPivotListeners();
 }
 
 void SelectionSet::tellListeners()
@@ -253,11 +265,21 @@ std::optional<osg::Vec3d> SelectionSet::pivot() const
   return pivot_.place;
 }
 
-void SelectionSet::setPivot(const std::optional<osg::Vec3d>& pivot)
+void SelectionSet::setPivot(const PivotState& pivot)
 {
-  pivot_ = {.place = pivot};
+  pivot_ = pivot;
+  tellPivotListeners();
+  model_.redrawViewports();
+}
+
+/// Without listeners nobody needs the pivot yet, and it isn't worked out.
+void SelectionSet::tellPivotListeners()
+{
+  if (pivotListeners.empty()) return;
+  const auto place = pivot();
+  if (!place) return;
   for (auto* listener : pivotListeners)
-    listener->pivotChanged();
+    listener->pivotChanged(*place);
 }
 
 // ---- records that come and go ----------------------------------------------------------------------------------
@@ -266,6 +288,23 @@ void SelectionSet::replaceRecord(fltapi::Record& oldRecord, fltapi::Record& newR
 {
   current_.replaceRecord(oldRecord, newRecord);
   previous_.replaceRecord(oldRecord, newRecord);
+  newRecord.setMarks(oldRecord.marks());
+  oldRecord.setMarks(0);
+  auto* sync = model_.sync();
+  for (auto* record : {&oldRecord, &newRecord}) {
+    auto* node = record->asNode();
+    if (sync && node) sync->highlight().markChanged(*node);
+  }
+}
+
+void SelectionSet::forgetAll()
+{
+  if (current_.empty() && previous_.empty()) return;
+  markSelected(current_, false, model_.sync());
+  current_.clear();
+  previous_.clear();
+  pivot_ = {};
+  tellListeners();
 }
 
 void SelectionSet::forget(const fltapi::PrimNodeRecord& node)
@@ -280,9 +319,11 @@ void SelectionSet::forget(const fltapi::PrimNodeRecord& node)
   for (const auto& [mode, selection] : current_.families()) {
     auto rest = selection->clone();
     rest->discard(isBelow);
-    kept.add(*rest);
+    kept.add(std::move(rest));
   }
+  markSelected(current_, false, model_.sync());
   current_ = std::move(kept);
+  markSelected(current_, true, model_.sync());
   pivot_.isStale = true;
   tellListeners();
 }

@@ -20,11 +20,12 @@ public:
   virtual void selectionChanged(bool selected) = 0;
 };
 
-/// Is told when the pivot may have moved.
+/// Is told when the pivot moved, which it also does with a change of the selection.
 class PivotListener {
 public:
   virtual ~PivotListener() = default;
-  virtual void pivotChanged() = 0;
+  /// Isn't called when the pivot is lost because nothing is selected.
+  virtual void pivotChanged(const osg::Vec3d& place) = 0;
 };
 
 /// Selections by family, none of them empty. Copies share what they hold until one of them changes it.
@@ -104,12 +105,16 @@ public:
   /// out when it is asked for.
   std::optional<osg::Vec3d> pivot() const;
   const PivotState& pivotState() const { return pivot_; }
-  void setPivot(const std::optional<osg::Vec3d>& pivot);
+  /// Puts it elsewhere until the selection changes, and tells its listeners. No command: see PivotCommand.
+  void setPivot(const PivotState& pivot);
 
   /// Another record stands in the place of one that may be selected.
   void replaceRecord(fltapi::Record& oldRecord, fltapi::Record& newRecord);
   /// Records left the tree: they can't stay selected.
   void forget(const fltapi::PrimNodeRecord& node);
+
+  /// Another document takes the place of this one: no command, nothing to go back to.
+  void forgetAll();
 
   /// So many elements were held and let go on the way to a selection. After many of them the next clear() gives their
   /// memory back to the system.
@@ -128,6 +133,7 @@ private:
   SelectionChange asRecorded(const SelectionChange& change) const;
   void finish(Selections removed, Selections added, const SelectionChange& change);
   void tellListeners();
+  void tellPivotListeners();
 
   Model& model_;
   Selections current_;

@@ -1,5 +1,7 @@
 #include "scene/image/FaceGeometry.h"
 
+#include "scene/image/Marks.h"
+
 #include <osg/State>
 
 #include <algorithm>
@@ -59,6 +61,7 @@ FaceGeometry::FaceGeometry(FaceState& state, ViewportTable& viewports) : state_(
 
 FaceGeometry::~FaceGeometry()
 {
+  if (highlight_) highlight_->forgetSource();
   for (int i = 0; i < polygonCount_; ++i)
     static_cast<NaltPolygon*>(_primitives[static_cast<std::size_t>(i)].get())->geometry_ = nullptr;
 }
@@ -102,12 +105,14 @@ void FaceGeometry::rewrite(NaltPolygon& polygon, const PolygonShape& shape)
   if (polygon.setTriangles(shape.triangles) || otherMode) runsChanged();
   if (shrunk_) shrunk_->update(polygon);
   ++revision_;
+  if (highlight_) highlight_->dirtyBound();
   dirtyBound();
 }
 
 void FaceGeometry::remove(NaltPolygon& polygon)
 {
   polygon.setMask(0);
+  setMarks(polygon, 0);
   polygon.geometry_ = nullptr;
   polygon.record_ = nullptr;
   ++removedCount_;
@@ -195,6 +200,7 @@ void FaceGeometry::runsChanged()
   runs_.clear();
   visibleMask_.reset();
   ++revision_;
+  if (highlight_) highlight_->changed();
 }
 
 void FaceGeometry::maskChanged(std::uint32_t before, std::uint32_t after)
@@ -203,6 +209,24 @@ void FaceGeometry::maskChanged(std::uint32_t before, std::uint32_t after)
   if (before == all) ++maskedCount_;
   if (after == all) --maskedCount_;
   runsChanged();
+}
+
+bool FaceGeometry::setMarks(NaltPolygon& polygon, std::uint8_t marks)
+{
+  // Which of its vertices are marked can change while the polygon's own marks stay.
+  const bool same = marks == polygon.marks_ && !(marks & Mark::parts);
+  if (same) return false;
+  if (highlight_) highlight_->changed();
+  const bool before = hasMarks();
+  markedCount_ += (marks ? 1 : 0) - (polygon.marks_ ? 1 : 0);
+  polygon.marks_ = marks;
+  return hasMarks() != before;
+}
+
+HighlightGeometry& FaceGeometry::highlight()
+{
+  if (!highlight_) highlight_ = new HighlightGeometry(*this, *positions_);
+  return *highlight_;
 }
 
 std::uint32_t FaceGeometry::visibleMask() const

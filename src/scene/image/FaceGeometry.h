@@ -2,6 +2,7 @@
 
 #include "scene/image/FaceRuns.h"
 #include "scene/image/FaceState.h"
+#include "scene/image/HighlightGeometry.h"
 #include "scene/image/NaltPolygon.h"
 #include "scene/image/PolygonShape.h"
 #include "scene/image/ShrinkVisitor.h"
@@ -54,6 +55,12 @@ public:
   void prepareShrunk(bool shrunk) override;
   const ShrunkFaces& shrunk() const;
 
+  /// Takes the marks of a polygon's record over. True when the geometry got its first mark or lost its last one.
+  bool setMarks(NaltPolygon& polygon, std::uint8_t marks);
+  bool hasMarks() const { return markedCount_ > 0; }
+  /// Draws what is marked, from the same arrays. Made when it is first asked for.
+  HighlightGeometry& highlight();
+
   void drawImplementation(osg::RenderInfo& renderInfo) const override;
   void resizeGLObjectBuffers(unsigned maxSize) override;
   void releaseGLObjects(osg::State* state = nullptr) const override;
@@ -76,6 +83,8 @@ private:
   int polygonCount_ = 0;
   int removedCount_ = 0;
   int maskedCount_ = 0; ///< polygons that some viewport doesn't show
+  int markedCount_ = 0; ///< polygons with marks
+  osg::ref_ptr<HighlightGeometry> highlight_;
   /// Made when they are first drawn. Without hidden polygons all viewports share one.
   mutable std::vector<osg::ref_ptr<FaceRuns>> runs_;
   mutable std::optional<std::uint32_t> visibleMask_;

@@ -131,6 +131,20 @@ void FaceStore::setMask(const fltapi::PrimNodeRecord& record, std::uint32_t mask
   }
 }
 
+void FaceStore::setMarks(const fltapi::PrimNodeRecord& record, std::uint8_t marks, Highlight& highlight)
+{
+  const auto mark = [&](NaltPolygon& polygon) {
+    auto* geometry = polygon.geometry();
+    if (geometry && geometry->setMarks(polygon, marks)) highlight.geometryChanged(*geometry);
+  };
+  if (auto* first = find(record)) mark(*first);
+  if (more_.empty()) return;
+  if (const auto more = more_.find(record.serial()); more != more_.end()) {
+    for (auto* polygon : more->second)
+      mark(*polygon);
+  }
+}
+
 void FaceStore::remove(const fltapi::PrimNodeRecord& record)
 {
   for (auto* polygon : all(record)) {

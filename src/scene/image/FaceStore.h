@@ -1,6 +1,7 @@
 #pragma once
 
 #include "scene/image/FaceGeometry.h"
+#include "scene/image/Highlight.h"
 #include "scene/image/NaltGeode.h"
 
 #include <cstdint>
@@ -29,6 +30,7 @@ public:
   /// Null when nothing is shown. The first one of several.
   NaltPolygon* find(const fltapi::PrimNodeRecord& record) const;
   void setMask(const fltapi::PrimNodeRecord& record, std::uint32_t mask);
+  void setMarks(const fltapi::PrimNodeRecord& record, std::uint8_t marks, Highlight& highlight);
   /// The polygons show no more; `flush` cuts them out.
   void remove(const fltapi::PrimNodeRecord& record);
   /// Forgets polygons that go away together with the node they hang below.

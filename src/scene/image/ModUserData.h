@@ -2,6 +2,7 @@
 
 #include "fltapi/PrimNodeRecord.h"
 #include "fltapi/RecordVisitor.h"
+#include "scene/image/Marks.h"
 
 #include <cstdint>
 
@@ -9,9 +10,9 @@ namespace nalt {
 
 class Sync;
 
-/// What the program keeps with a node that isn't part of the document: in which viewports it is shown, whether it is
-/// selected, whether its entry in the tree view is closed. A node without it is shown everywhere, not selected and
-/// open. Made when it is first needed; owned by the node.
+/// What the program keeps with a node that isn't part of the document: in which viewports it is shown, whether its entry
+/// in the tree view is closed. A node without it is shown everywhere and open. Made when it is first needed; owned by
+/// the node. Whether a node is selected costs a bit of the record itself, since millions can be.
 class ModUserData : public fltapi::UserData {
 public:
   explicit ModUserData(fltapi::PrimNodeRecord& record);
@@ -33,8 +34,8 @@ public:
   /// Hidden in all viewports of the model.
   bool hidden() const override { return hidden_; }
 
-  bool isSelected() const { return selected_; }
-  void setSelected(bool selected) { selected_ = selected; }
+  bool isSelected() const { return record_.marks() & Mark::selected; }
+  void setSelected(bool selected) { setMark(record_, Mark::selected, selected); }
   bool isContracted() const { return contracted_; }
   void setContracted(bool contracted) { contracted_ = contracted; }
 
@@ -56,7 +57,6 @@ private:
   fltapi::PrimNodeRecord& record_;
   std::uint32_t nodeMask_ = ~0U;
   bool hidden_ = false;
-  bool selected_ = false;
   bool contracted_ = false;
 };
 

@@ -29,6 +29,8 @@ public:
   std::uint32_t mask() const { return mask_; }
   void setMask(std::uint32_t mask);
   bool isVisibleIn(std::uint32_t viewportBits) const { return mask_ & viewportBits; }
+  /// Whether the record, or some of its vertices, are highlighted: the bits of Mark.
+  std::uint8_t marks() const { return marks_; }
 
   /// Corners of triangles that fill the polygon, counted from its first one. Null when a fan does.
   const std::vector<GLuint>* triangles() const { return triangles_.get(); }
@@ -51,6 +53,7 @@ private:
   fltapi::PrimNodeRecord* record_;
   std::unique_ptr<std::vector<GLuint>> triangles_;
   std::uint32_t mask_ = ~0U;
+  std::uint8_t marks_ = 0;
 };
 
 } // namespace nalt

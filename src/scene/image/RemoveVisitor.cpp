@@ -23,6 +23,7 @@ void RemoveVisitor::removeNode(PrimNodeRecord& record)
   const auto* node = sync_.find(record);
   if (!node) return;
   const auto top = node->top;
+  sync_.highlight_->placesChanged();
   UnassociateChildVisitor unassociate(sync_);
   record.accept(unassociate);
   OSG_INFO << "After removing associations" << std::endl;

@@ -55,7 +55,10 @@ Sync::Sync(FltFile& file) : file_(&file)
   clear();
 }
 
-Sync::~Sync() = default;
+Sync::~Sync()
+{
+  highlight_->detach();
+}
 
 void Sync::clear()
 {
@@ -66,6 +69,7 @@ void Sync::clear()
   instances_.clear();
   waitingSwitches_.clear();
   faces_.clear();
+  highlight_->placesChanged();
   headerSerial_ = 0;
   root_->setUserData(nullptr);
   auto* header = file_->header();
@@ -222,6 +226,17 @@ PrimNodeRecord* Sync::recordOf(const osg::Drawable& drawable, unsigned primitive
   return recordOf(drawable);
 }
 
+void Sync::showMarks(const PrimNodeRecord& polygon)
+{
+  faces_.setMarks(polygon, highlight_->marksOf(polygon), *highlight_);
+}
+
+osg::Node* Sync::shownNodeOf(const PrimNodeRecord& record) const
+{
+  const auto* node = find(record);
+  return node ? node->top.get() : nullptr;
+}
+
 std::vector<InstanceReferenceRecord*> Sync::referencesTo(const InstanceDefinitionRecord& definition) const
 {
   const auto found = instances_.find(definition.serial());
@@ -256,6 +271,7 @@ void Sync::unlink(SceneNode& node)
   const auto linked = nodes_.find(serial);
   if (serial == 0 || linked == nodes_.end()) return;
   node.content->removeChild(linked->second.top);
+  highlight_->placesChanged();
   if (node.record->opcode() == opcodes::instanceReference)
     instances_[serial].erase(static_cast<InstanceReferenceRecord*>(node.record.get()));
   dropIfUnused(serial);

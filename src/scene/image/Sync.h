@@ -111,6 +111,15 @@ public:
   /// All references that show an instance.
   std::vector<fltapi::InstanceReferenceRecord*> referencesTo(const fltapi::InstanceDefinitionRecord& definition) const;
 
+  // ---- what is selected ---------------------------------------------------------------------------------------------
+
+  /// Shows the marks of the records over the model; hangs beside the root.
+  Highlight& highlight() { return *highlight_; }
+  /// Lets the polygons of a face or light point follow the marks of the record and of its vertices.
+  void showMarks(const fltapi::PrimNodeRecord& polygon);
+  /// The node that stands for any record, `nodeOf` or not; null when nothing does.
+  osg::Node* shownNodeOf(const fltapi::PrimNodeRecord& record) const;
+
   // ---- visibility ---------------------------------------------------------------------------------------------------
 
   /// The bits of all viewports that the document has.
@@ -180,6 +189,7 @@ private:
   bool lodsChanged_ = false;
   std::uint64_t revision_ = 0;
   int depth_ = 0; ///< levels that are being translated, through instances
+  osg::ref_ptr<Highlight> highlight_ = new Highlight(*this);
 
   std::uint32_t viewportBits_ = ~0U;
   LodStates lodStates_;

@@ -84,6 +84,7 @@ bool TranslateVisitor::translateNode(PrimNodeRecord& record)
   else
     node.update();
   if (node.top->getNumParents() == 0) holder->addChild(node.top);
+  sync_.highlight_->placesChanged();
   sync_.applyMask(record);
   return true;
 }
@@ -176,6 +177,7 @@ void TranslateVisitor::apply(FaceRecord& record)
   } else {
     putFace(sync_.faces_, record, *holder, {&state, &shape}, nullptr);
   }
+  if (record.marks()) sync_.showMarks(record);
   maskPolygon(record);
   goOn(record);
 }
@@ -199,7 +201,10 @@ void TranslateVisitor::apply(MeshRecord& record)
 
   auto& node = sync_.nodes_[record.serial()];
   if (!node.top) node = SceneNode::makeLeaf(record, new NaltGeode);
-  if (node.top->getNumParents() == 0) holder->addChild(node.top);
+  if (node.top->getNumParents() == 0) {
+    holder->addChild(node.top);
+    sync_.highlight_->placesChanged();
+  }
   node.top->setStateSet(state.stateSetWithRoom());
   node.top->removeChildren(0, node.top->getNumChildren());
   if (geometry) {
@@ -228,6 +233,7 @@ void TranslateVisitor::translateLightPoint(PrimNodeRecord& record)
     sync_.faces_.remove(record);
   else
     putFace(sync_.faces_, record, *holder, {&state, &shape}, nullptr);
+  if (record.marks()) sync_.showMarks(record);
   sync_.applyMask(record);
   goOn(record);
 }

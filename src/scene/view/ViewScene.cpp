@@ -1,11 +1,11 @@
 #include "scene/view/ViewScene.h"
 
+#include "scene/image/PlainMaterial.h"
 #include "scene/view/SmallFeatureCullingCallback.h"
 
 #include <osg/BlendFunc>
 #include <osg/Depth>
 #include <osg/LineStipple>
-#include <osg/Material>
 #include <osg/PolygonMode>
 #include <osg/PolygonOffset>
 #include <osg/Program>
@@ -39,18 +39,6 @@ void setTexturing(osg::StateSet& state, unsigned layers)
 void forceNoProgram(osg::StateSet& state)
 {
   state.setAttributeAndModes(new osg::Program, forcedOn);
-}
-
-osg::ref_ptr<osg::Material> plainMaterial(const osg::Vec4f& light)
-{
-  const osg::Vec4f none(0, 0, 0, 1);
-  osg::ref_ptr<osg::Material> material = new osg::Material;
-  material->setColorMode(osg::Material::OFF);
-  material->setAmbient(osg::Material::FRONT_AND_BACK, none);
-  material->setDiffuse(osg::Material::FRONT_AND_BACK, none);
-  material->setSpecular(osg::Material::FRONT_AND_BACK, none);
-  material->setEmission(osg::Material::FRONT_AND_BACK, light);
-  return material;
 }
 
 /// Draws the outlines or corners of the polygons in one colour over the polygons, whatever these ask for.

@@ -124,8 +124,8 @@ bool Traversal::walkSelection()
   // The functions change the selection, so what was selected at the start is walked.
   const Selections snapshot = model_.selections().current();
   if (const auto* family = snapshot.find(SelectionMode::vertex)) {
-    for (const auto* vertex : static_cast<const VertexSelection*>(family)->ordered()) {
-      if (!visitVertex(*vertex)) return false;
+    for (const auto& vertex : static_cast<const VertexSelection*>(family)->elements()) {
+      if (!visitVertex(vertex)) return false;
     }
   }
   for (const auto mode : order) {

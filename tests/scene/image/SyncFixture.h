@@ -27,6 +27,7 @@ protected:
     }
     return *sync_;
   }
+  void dropSync() { sync_.reset(); }
   int faceGeodes(const fltapi::PrimNodeRecord& record)
   {
     return FaceGeodeParentUserData::of(*sync().nodeOf(record))->faceGeodeCount();
