@@ -1,8 +1,12 @@
 #include "core/Model.h"
 #include "core/Preferences.h"
+#include "core/hierarchy/DeleteSelected.h"
+#include "core/selection/PivotCommand.h"
 #include "core/selection/SelectOperations.h"
 #include "fltapi/AllRecords.h"
 #include "fltapi/FltFile.h"
+#include "scene/image/Highlight.h"
+#include "scene/image/ModUserData.h"
 #include "tests/core/RecordingShell.h"
 
 #include <gmock/gmock.h>
@@ -165,6 +169,45 @@ TEST_F(SelectionTest, PreviousTwiceLeadsBackToTheStart)
   EXPECT_THAT(names(), ElementsAre("g1"));
 }
 
+TEST_F(SelectionTest, AnUndoneSelectionIsThePreviousOne)
+{
+  makeSquare(0, 0);
+  selectAll(*model, SelectionMode::polygon, true);
+  selectAll(*model, SelectionMode::group, true);
+  model->commandStack().undo();
+  EXPECT_THAT(names(), ElementsAre("p1"));
+  selectPrevious(*model, true);
+  EXPECT_THAT(names(), ElementsAre("g1"));
+}
+
+TEST_F(SelectionTest, ThePreviousSelectionHasNothingThatWasDeleted)
+{
+  auto* face = makeSquare(0, 0);
+  makeSquare(1, 0);
+  selectAll(*model, SelectionMode::vertex, true);
+  selectAll(*model, SelectionMode::polygon, true);
+  selections().select(selectionOf(*face));
+  deleteSelected(*model, true);
+  selectAll(*model, SelectionMode::group, true);
+  selectPrevious(*model, true);
+  selectPrevious(*model, true);
+  EXPECT_THAT(names(), ElementsAre("g1"));
+  model->commandStack().undo();
+  model->commandStack().undo();
+  model->commandStack().undo();
+  model->commandStack().undo();
+  EXPECT_THAT(names(), ElementsAre("p1"));
+  NameSearch corners;
+  corners.names = {"p2/V0", "p2/V1"};
+  selectByName(*model, corners, true);
+  corners.names = {"p2/V0"};
+  selectByName(*model, corners, true);
+  deleteSelected(*model, true);
+  selectAll(*model, SelectionMode::group, true);
+  selectPrevious(*model, true);
+  EXPECT_THAT(names(), IsEmpty()) << "the corner is gone";
+}
+
 TEST_F(SelectionTest, InvertSelectsTheOthers)
 {
   auto* a = makeSquare(0, 0);
@@ -304,6 +347,121 @@ TEST_F(SelectionTest, ThePivotIsTheMiddleOfTheBoxInWorldCoordinates)
   EXPECT_EQ(selections().pivot(), osg::Vec3d(10.5, 0.5, 0));
   selectNone(*model, true);
   EXPECT_FALSE(selections().pivot());
+}
+
+TEST_F(SelectionTest, ThePivotCanBePutElsewhereAndBack)
+{
+  struct Listener : PivotListener {
+    std::vector<osg::Vec3d> heard;
+    void pivotChanged(const osg::Vec3d& place) override { heard.push_back(place); }
+  } listener;
+  selections().pivotListeners.push_back(&listener);
+  makeSquare(0, 0);
+  selectAll(*model, SelectionMode::polygon, false);
+  changePivot(*model, {1.5, 2, -3}, true);
+  EXPECT_EQ(selections().pivot(), osg::Vec3d(1.5, 2, -3));
+  const auto& command = *model->commandStack().undoCommands().back();
+  EXPECT_EQ(command.name(), "Change Pivot");
+  EXPECT_EQ(command.scriptText(), "nalt.changePivot(1.5, 2, -3)");
+  EXPECT_THAT(command.commentText(), testing::StartsWith("--\n-- nalt.changePivot(x, y, z)\n-- Changes the position"));
+  model->commandStack().undo();
+  EXPECT_EQ(selections().pivot(), osg::Vec3d(0.5, 0.5, 0));
+  model->commandStack().redo();
+  EXPECT_EQ(selections().pivot(), osg::Vec3d(1.5, 2, -3));
+  const osg::Vec3d middle(0.5, 0.5, 0);
+  const osg::Vec3d place(1.5, 2, -3);
+  EXPECT_THAT(listener.heard, ElementsAre(middle, place, middle, place));
+  selectAll(*model, SelectionMode::object, false);
+  EXPECT_EQ(selections().pivot(), middle) << "another selection takes the pivot to its own middle";
+}
+
+TEST_F(SelectionTest, APivotWithNothingSelectedGoesAwayOnUndo)
+{
+  changePivot(*model, {1, 1, 1}, true);
+  EXPECT_EQ(selections().pivot(), osg::Vec3d(1, 1, 1));
+  model->commandStack().undo();
+  EXPECT_FALSE(selections().pivot());
+}
+
+TEST_F(SelectionTest, EveryChangeIsRecordedAsTheLineThatRepeatsIt)
+{
+  makeFace(*object, {{0, 0, 0}, {1, 0, 0}});
+  auto* square = makeSquare(0, 0);
+  const auto recorded = [&] { return model->commandStack().undoCommands().back()->scriptText(); };
+  selectAll(*model, SelectionMode::polygon, true);
+  EXPECT_EQ(recorded(), "nalt.selectAll(\"POLYGON\")");
+  selections().select(selectionOf(*square));
+  invertSelection(*model, SelectionMode::polygon, true);
+  EXPECT_EQ(recorded(), "nalt.invertSelection(\"POLYGON\")");
+  convertSelection(*model, SelectionMode::vertex, true);
+  EXPECT_EQ(recorded(), "nalt.convertSelection(\"VERTEX\")");
+  selectPrevious(*model, true);
+  EXPECT_EQ(recorded(), "nalt.selectPrevious()");
+  selectParents(*model, true);
+  EXPECT_EQ(recorded(), "nalt.selectParents()");
+  selectChildren(*model, true);
+  EXPECT_EQ(recorded(), "nalt.selectChildren()");
+  NameSearch search;
+  search.names = {"p2", "g\\1"};
+  selectByName(*model, search, true);
+  EXPECT_EQ(recorded(), "nalt.selectByName(\"p2\", \"g\\\\1\", false, false)");
+  selectByNumberOfVertices(*model, 4, true, true);
+  EXPECT_EQ(recorded(), "nalt.selectByNumberOfVertices(4, true)");
+  selectVerticesByLocation(*model, 1, 1, true);
+  EXPECT_EQ(recorded(), "nalt.selectVerticesByLocation(1, 1)");
+  selectNone(*model, true);
+  EXPECT_EQ(recorded(), "nalt.selectNone()");
+  EXPECT_EQ(model->commandStack().undoCommands().back()->commentText(),
+            "--\n-- nalt.selectNone()\n-- Clears all selections.");
+  selectNakedEdges(*model, true);
+  EXPECT_EQ(recorded(), "nalt.selectNakedEdges()");
+  selectNone(*model, true);
+  selectSliverPolygons(*model, true);
+  EXPECT_EQ(recorded(), "nalt.selectSliverPolygons()");
+  EXPECT_THAT(model->commandStack().undoCommands().back()->commentText(),
+              testing::StartsWith("--\n-- nalt.selectSliverPolygons()\n"));
+  selections().toggle(*selections().current().find(SelectionMode::polygon)->clone());
+  EXPECT_EQ(recorded(), "nalt.selectNone()") << "whatever leaves nothing selected";
+}
+
+TEST_F(SelectionTest, SelectedNodesAreMarked)
+{
+  auto* face = makeSquare(0, 0);
+  const auto isMarked = [&] { return ModUserData::of(*face).isSelected(); };
+  EXPECT_FALSE(isMarked());
+  selections().select(selectionOf(*face));
+  EXPECT_TRUE(isMarked());
+  selectAll(*model, SelectionMode::vertex, true);
+  EXPECT_FALSE(isMarked());
+  model->commandStack().undo();
+  EXPECT_TRUE(isMarked());
+  deleteSelected(*model, true);
+  EXPECT_FALSE(isMarked());
+  model->commandStack().undo();
+  EXPECT_TRUE(isMarked());
+}
+
+TEST_F(SelectionTest, ASceneThatIsMadeLaterHighlightsWhatIsSelected)
+{
+  auto* face = makeSquare(0, 0);
+  selections().select(selectionOf(*face));
+  EXPECT_TRUE(selections().add(*selectionOf(*make<fltapi::GroupRecord>(*model->fltFile()->header()))));
+  model->sceneRoot();
+  EXPECT_EQ(model->sync()->polygonOf(*face)->marks(), Mark::selected);
+  auto& highlight = model->sync()->highlight();
+  highlight.update();
+  const auto* places = highlight.getChild(0)->asGroup()->getChild(0)->asGroup();
+  EXPECT_EQ(places->getNumChildren(), 2U);
+}
+
+TEST_F(SelectionTest, AnotherDocumentStartsWithNothingSelectedAndNothingToUndo)
+{
+  makeSquare(0, 0);
+  selectAll(*model, SelectionMode::polygon, true);
+  model->createEmpty();
+  EXPECT_TRUE(selections().empty());
+  EXPECT_THAT(model->commandStack().undoCommands(), IsEmpty());
+  EXPECT_EQ(model->currentParent(), model->fltFile()->header());
 }
 
 TEST_F(SelectionTest, ListenersHearWhetherAnythingIsSelected)

@@ -1,102 +1,21 @@
+#include "tests/core/UndoLaw.h"
+
 #include "core/MacroCommand.h"
-#include "core/Model.h"
-#include "core/Preferences.h"
 #include "core/hierarchy/DeleteSelected.h"
+#include "core/selection/PivotCommand.h"
 #include "core/selection/SelectOperations.h"
-#include "fltapi/AllRecords.h"
-#include "fltapi/FltFile.h"
-#include "tests/core/RecordingShell.h"
+#include "scene/image/Highlight.h"
+#include "scene/image/Marks.h"
+#include "tests/fltapi/support/GeneratedFiles.h"
 #include "tests/support/SampleFiles.h"
-#include "tests/support/TempFolder.h"
 
-#include <gtest/gtest.h>
-
-#include <functional>
 #include <random>
-
-// Whatever an edit does, undo brings the document back byte for byte, and redo brings the edit back.
 
 namespace nalt {
 namespace {
 
-class Document {
-public:
-  explicit Document(bool withScene)
-  {
-    before_ = Shell::install(&shell);
-    Preferences::get().maxCommands = 1'000'000;
-    model->createEmpty();
-    grow();
-    if (withScene) model->sceneRoot();
-  }
-  ~Document()
-  {
-    model.reset();
-    Preferences::get() = {};
-    Shell::install(before_);
-  }
-
-  std::string bytes()
-  {
-    const auto path = folder / "dump.flt";
-    EXPECT_TRUE(model->fltFile()->save(path));
-    return tests::readFile(path);
-  }
-
-  RecordingShell shell;
-  tests::TempFolder folder;
-  std::unique_ptr<Model> model = std::make_unique<Model>(0, 0, 0, 0);
-
-private:
-  template <class T>
-  T* make(fltapi::PrimNodeRecord& parent)
-  {
-    auto* record = model->fltFile()->create<T>();
-    parent.addChild(record, /*append=*/true);
-    record->assignUniqueName();
-    return record;
-  }
-
-  /// Groups, a switch with masks, long names, subfaces, layers of texture coordinates: what can go wrong.
-  void grow()
-  {
-    auto& header = *model->fltFile()->header();
-    for (int g = 0; g < 3; ++g) {
-      auto* group = make<fltapi::GroupRecord>(header);
-      group->setComment("group number " + std::to_string(g));
-      auto* toggle = make<fltapi::SwitchRecord>(*group);
-      for (int o = 0; o < 4; ++o) {
-        auto* object = make<fltapi::ObjectRecord>(*toggle);
-        object->setName("a rather long name " + std::to_string(g * 10 + o));
-        toggle->setBit(0, o, o % 2 == 0);
-        for (int p = 0; p < 5; ++p)
-          addPolygon(*object, 3 + p % 3, g * 100 + o * 10 + p);
-      }
-    }
-  }
-  void addPolygon(fltapi::PrimNodeRecord& parent, int corners, int place)
-  {
-    auto* face = make<fltapi::FaceRecord>(parent);
-    auto* list = model->fltFile()->create<fltapi::VertexListRecord>();
-    face->addChild(list, /*append=*/true);
-    auto* layers = model->fltFile()->create<fltapi::UVListRecord>();
-    layers->resize(8);
-    layers->set(fltapi::UVListRecord::fields.mask, 0xc0000000);
-    list->addChild(layers, /*append=*/true);
-    for (int i = 0; i < corners; ++i) {
-      auto* vertex = model->fltFile()->create<fltapi::NormalTextureVertexRecord>();
-      vertex->setPosition({place + i * 0.5, i * 1.25, static_cast<double>(place)});
-      list->addVertex(vertex);
-      layers->setUV(i, 2, {static_cast<float>(i), static_cast<float>(place)});
-    }
-    if (place % 4 == 0) {
-      auto* subface = make<fltapi::FaceRecord>(*face);
-      subface->addChild(model->fltFile()->create<fltapi::VertexListRecord>(), /*append=*/true);
-    }
-  }
-
-  Shell* before_ = nullptr;
-};
+using tests::UndoDocument;
+using tests::UndoEdit;
 
 void selectNodes(Model& model, const std::vector<std::string>& names)
 {
@@ -105,17 +24,7 @@ void selectNodes(Model& model, const std::vector<std::string>& names)
   ASSERT_TRUE(selectByName(model, search, /*undoable=*/false));
 }
 
-struct Edit {
-  const char* name;
-  std::function<void(Model&)> run;
-};
-
-void PrintTo(const Edit& edit, std::ostream* out)
-{
-  *out << edit.name;
-}
-
-const Edit edits[] = {
+const UndoEdit edits[] = {
     {"deletePolygon",
      [](Model& model) {
        selectNodes(model, {"p7"});
@@ -155,6 +64,26 @@ const Edit edits[] = {
     {"setCurrentColorIndex", [](Model& model) { model.paletteIndices().set(PaletteKind::colorIndex, 17, true); }},
     {"setCurrentRgbColor",
      [](Model& model) { model.paletteIndices().setRgbColor({.r = 1, .g = 2, .b = 3, .a = 4}, true); }},
+    {"changePivot",
+     [](Model& model) {
+       changePivot(model, {1, 2, 3}, true);
+     }},
+    {"deleteByMacroInMacro",
+     [](Model& model) {
+       auto outer = std::make_unique<MacroCommand>("outer.lua", std::vector<MacroParameter>{});
+       auto inner = std::make_unique<MacroCommand>("inner.lua", std::vector<MacroParameter>{});
+       auto& macros = Shell::get().openMacros;
+       macros.push_back(outer.get());
+       selectNodes(model, {"p2"});
+       deleteSelected(model, true);
+       macros.push_back(inner.get());
+       selectNodes(model, {"p1/V0", "p1/V1"});
+       deleteSelected(model, true);
+       macros.pop_back();
+       model.commandStack().add(std::move(inner));
+       macros.pop_back();
+       model.commandStack().add(std::move(outer));
+     }},
     {"macro",
      [](Model& model) {
        auto macro = std::make_unique<MacroCommand>("m.lua", std::vector<MacroParameter>{});
@@ -169,25 +98,13 @@ const Edit edits[] = {
      }},
 };
 
-class UndoLaw : public testing::TestWithParam<std::tuple<Edit, bool>> {};
+class UndoLaw : public testing::TestWithParam<std::tuple<UndoEdit, bool>> {};
 
 TEST_P(UndoLaw, UndoAndRedoRestoreEveryByte)
 {
   const auto& [edit, withScene] = GetParam();
-  Document document(withScene);
-  auto& model = *document.model;
-  const auto before = document.bytes();
-  edit.run(model);
-  ASSERT_EQ(model.commandStack().undoCommands().size(), 1u);
-  const auto after = document.bytes();
-  const auto selectedAfter = model.selections().names();
-  for (int round = 0; round < 2; ++round) {
-    model.commandStack().undo();
-    EXPECT_EQ(document.bytes(), before);
-    model.commandStack().redo();
-    EXPECT_EQ(document.bytes(), after);
-    EXPECT_EQ(model.selections().names(), selectedAfter);
-  }
+  UndoDocument document(withScene);
+  tests::expectUndoLaw(document, edit);
 }
 
 INSTANTIATE_TEST_SUITE_P(Edits, UndoLaw, testing::Combine(testing::ValuesIn(edits), testing::Bool()),
@@ -213,7 +130,7 @@ public:
     } else if (choice < 7) {
       selectSomething();
     } else if (choice < 8) {
-      model_.paletteIndices().set(PaletteKind::material, static_cast<int>(below(5)), true);
+      smallStep();
     } else {
       keepFew();
       deleteSelected(model_, true);
@@ -223,11 +140,40 @@ public:
 private:
   std::size_t below(std::size_t limit) { return std::uniform_int_distribution<std::size_t>(0, limit - 1)(random_); }
 
+  void smallStep()
+  {
+    switch (below(3)) {
+    case 0:
+      model_.paletteIndices().set(PaletteKind::material, static_cast<int>(below(5)), true);
+      break;
+    case 1:
+      model_.paletteIndices().setRgbColor({.r = static_cast<std::uint8_t>(below(256))}, true);
+      break;
+    default:
+      changePivot(model_, {static_cast<double>(below(9)), 0, 0}, true);
+    }
+  }
   void selectSomething()
   {
-    constexpr std::array modes = {SelectionMode::vertex, SelectionMode::polygon, SelectionMode::object,
-                                  SelectionMode::group, SelectionMode::lightPoint};
-    selectAll(model_, modes[below(modes.size())], true);
+    constexpr std::array modes = {SelectionMode::vertex, SelectionMode::edge,  SelectionMode::polygon,
+                                  SelectionMode::object, SelectionMode::group, SelectionMode::lightPoint};
+    const auto mode = modes[below(modes.size())];
+    switch (below(6)) {
+    case 0:
+      invertSelection(model_, mode, true);
+      break;
+    case 1:
+      convertSelection(model_, mode, true);
+      break;
+    case 2:
+      selectParents(model_, true);
+      break;
+    case 3:
+      selectPrevious(model_, true);
+      break;
+    default:
+      selectAll(model_, mode, true);
+    }
   }
   /// One element of what is selected; deleting all of it each time would leave nothing to walk on.
   void keepFew()
@@ -244,52 +190,101 @@ private:
   std::mt19937 random_;
 };
 
-void walkAndReturn(Document& document, int steps, unsigned seed)
+/// The marks of the records, by which the scene highlights them, are those of what is selected.
+void expectMarksLikeSelection(Model& model)
+{
+  std::size_t marked = 0;
+  const auto count = [&](const fltapi::Record& record) {
+    marked += (record.marks() & Mark::selected ? 1 : 0) + (record.marks() & Mark::edge ? 1 : 0);
+  };
+  for (auto* node : model.fltFile()->header()->findDescendants(fltapi::opcodes::vertexList, true)) {
+    for (const auto& vertex : static_cast<fltapi::VertexListRecord*>(node)->vertices())
+      count(*vertex);
+  }
+  for (const auto& info : selectionModes()) {
+    for (const auto opcode : {info.opcode, info.secondOpcode}) {
+      if (opcode == 0) continue;
+      for (auto* node : model.fltFile()->header()->findDescendants(opcode, true))
+        count(*node);
+    }
+  }
+  EXPECT_EQ(marked, model.selections().size());
+}
+
+/// Sanitizers make each step a good deal longer.
+constexpr int longWalk =
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+    2'000;
+#else
+    10'000;
+#endif
+
+void walkAndReturn(UndoDocument& document, int steps, unsigned seed)
 {
   const auto before = document.bytes();
   Walk walk(*document.model, seed);
-  for (int i = 0; i < steps; ++i)
+  for (int i = 0; i < steps; ++i) {
     walk.step();
+    if (i % (steps / 20) == 0) expectMarksLikeSelection(*document.model);
+  }
   while (!document.model->commandStack().undoCommands().empty())
     document.model->commandStack().undo();
   EXPECT_EQ(document.bytes(), before);
+  expectMarksLikeSelection(*document.model);
 }
 
-TEST(UndoWalk, TenThousandStepsLeadBackToTheFirstByte)
+class UndoWalk : public testing::TestWithParam<bool> {};
+
+TEST_P(UndoWalk, TenThousandStepsLeadBackToTheFirstByte)
 {
-  Document document(/*withScene=*/false);
-  walkAndReturn(document, 10'000, 1);
+  UndoDocument document(GetParam());
+  walkAndReturn(document, longWalk, 1);
 }
 
-TEST(UndoWalk, AWalkWithItsPictureLeadsBackToo)
-{
-  Document document(/*withScene=*/true);
-  walkAndReturn(document, 2'000, 2);
-}
-
-TEST(UndoWalk, TheTankComesBackAfterTenThousandSteps)
+TEST_P(UndoWalk, TheTankComesBackAfterTenThousandSteps)
 {
   const auto tank = tests::sampleFile("t72-tank_des.flt");
   if (tank.empty()) GTEST_SKIP() << "the sample models aren't there";
-  Document document(/*withScene=*/false);
+  UndoDocument document(/*withScene=*/false);
   ASSERT_TRUE(document.model->load(tank));
-  walkAndReturn(document, 10'000, 3);
+  if (GetParam()) document.model->sceneRoot();
+  walkAndReturn(document, longWalk, 3);
 }
 
-TEST(UndoWalk, NothingOutlivesTheDocument)
+TEST_P(UndoWalk, AFileWithEveryKindOfRecordComesBack)
+{
+  UndoDocument document(/*withScene=*/false);
+  const auto path = document.folder / "every-kind.flt";
+  tests::writeFile(path, tests::flt::generatedFile("every-kind"));
+  ASSERT_TRUE(document.model->load(path));
+  if (GetParam()) document.model->sceneRoot();
+  walkAndReturn(document, longWalk, 5);
+}
+
+INSTANTIATE_TEST_SUITE_P(Scenes, UndoWalk, testing::Bool(),
+                         [](const auto& one) { return one.param ? "Shown" : "Unseen"; });
+
+TEST(UndoWalkEnd, NothingOutlivesTheDocument)
 {
   osg::observer_ptr<fltapi::FltFile> file;
   osg::observer_ptr<fltapi::HeaderRecord> header;
+  std::vector<osg::observer_ptr<fltapi::Record>> records;
   {
-    Document document(/*withScene=*/true);
+    UndoDocument document(/*withScene=*/true);
+    file = document.model->fltFile();
+    header = document.model->fltFile()->header();
+    for (const auto opcode : {fltapi::opcodes::face, fltapi::opcodes::vertexList, fltapi::opcodes::object}) {
+      for (auto* record : header->findDescendants(opcode, true))
+        records.emplace_back(record);
+    }
     Walk walk(*document.model, 4);
     for (int i = 0; i < 500; ++i)
       walk.step();
-    file = document.model->fltFile();
-    header = document.model->fltFile()->header();
   }
   EXPECT_FALSE(file.valid());
   EXPECT_FALSE(header.valid());
+  for (const auto& record : records)
+    EXPECT_FALSE(record.valid());
   EXPECT_EQ(fltapi::oversizeRecordCount(), 0u);
 }
 

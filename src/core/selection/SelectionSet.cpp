@@ -10,6 +10,8 @@
 #include "core/selection/RecordedChange.h"
 #include "core/selection/SelectionCommand.h"
 #include "core/selection/SelectionMarks.h"
+#include "fltapi/FltFile.h"
+#include "fltapi/nodes/HeaderRecord.h"
 #include "platform/Memory.h"
 
 #include <algorithm>
@@ -44,6 +46,36 @@ bool hasSelectedDescendant(const Selections& selections, fltapi::PrimNodeRecord&
   }
   return false;
 }
+
+/// Tells the elements that left the document since they were selected. Those of one polygon stand together.
+class IsGone {
+public:
+  explicit IsGone(Model& model) : header_(model.fltFile() ? model.fltFile()->header() : nullptr) {}
+
+  bool operator()(fltapi::PrimNodeRecord& node, const fltapi::Record* vertex)
+  {
+    if (&node != last_) {
+      last_ = &node;
+      lastIsGone_ = !isInTree(node);
+    }
+    if (lastIsGone_ || !vertex) return lastIsGone_;
+    const auto* list = node.findChild<fltapi::VertexListRecord>();
+    return !list || list->indexOf(*vertex) < 0;
+  }
+
+private:
+  bool isInTree(const fltapi::PrimNodeRecord& node) const
+  {
+    const auto* top = &node;
+    while (top->parent())
+      top = top->parent();
+    return header_ && (top == header_ || top->opcode() == fltapi::opcodes::instanceDefinition);
+  }
+
+  const fltapi::PrimNodeRecord* header_;
+  const fltapi::PrimNodeRecord* last_ = nullptr;
+  bool lastIsGone_ = false;
+};
 
 } // namespace
 
@@ -200,7 +232,13 @@ void SelectionSet::clear(const SelectionChange& change)
 
 void SelectionSet::selectPrevious(const SelectionChange& change)
 {
-  select(Selections(previous_), change);
+  Selections previous;
+  for (const auto& [mode, selection] : previous_.families()) {
+    auto rest = selection->clone();
+    rest->discard(IsGone(model_));
+    previous.add(std::move(rest));
+  }
+  select(std::move(previous), change);
 }
 
 /// The line of a change by hand stands on its own, so that it can be run again after whatever else was selected.

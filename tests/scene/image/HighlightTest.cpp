@@ -121,7 +121,7 @@ TEST_F(Highlighting, MovesWithTheCorner)
   EXPECT_TRUE(isHighlighted(4.5, 4.5, 5.5, 5.5));
   auto& corner = *face.vertexList()->vertexAt(2);
   corner.setPosition({8, 8, 0});
-  sync().update(corner);
+  sync().update(face);
   draw();
   EXPECT_TRUE(isHighlighted(7.5, 7.5, 8.5, 8.5));
   EXPECT_FALSE(isHighlighted(4.5, 4.5, 5.5, 5.5));
@@ -267,7 +267,7 @@ TEST_F(Highlighting, ItsGroupsHaveTheirNamesAndCopiesTheirTransform)
   auto& face = block(object, 0, 0, 3);
   build.translation(group, {6, 0, 0});
   mark(face);
-  sync().highlight().update();
+  draw();
   ASSERT_EQ(sync().highlight().getNumChildren(), 2U);
   EXPECT_EQ(sync().highlight().getChild(0)->getName(), "blackgroup");
   EXPECT_EQ(sync().highlight().getChild(1)->getName(), "whitegroup");
