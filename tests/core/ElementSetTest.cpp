@@ -115,6 +115,21 @@ TEST_P(ElementSetOperations, JoinLeaveAndToggle)
 
 INSTANTIATE_TEST_SUITE_P(Sizes, ElementSetOperations, testing::Values(0, 1, 50, 1500, 6500));
 
+TEST(ElementSet, ASmallSetMeetsALargeOne)
+{
+  const auto large = range(0, 6000, 2);
+  auto set = range(10, 13);
+  set.subtract(large);
+  EXPECT_THAT(valuesOf(set), ElementsAre(11));
+  set.add(large);
+  EXPECT_EQ(set.size(), 3001u);
+  set = range(10, 13);
+  set.toggle(large);
+  EXPECT_EQ(set.size(), 2999u);
+  EXPECT_TRUE(set.contains({11}));
+  EXPECT_FALSE(set.contains({12}));
+}
+
 TEST(ElementSet, ASetLeavesItself)
 {
   auto set = range(0, 3000);

@@ -114,6 +114,10 @@ public:
     } else if (isFew(other)) {
       for (const auto& element : other)
         insert(element);
+    } else if (other.isFew(*this)) {
+      auto whole = other;
+      whole.add(*this);
+      *this = std::move(whole);
     } else {
       *this = merged(other, {.mine = true, .both = true, .theirs = true});
     }
@@ -124,6 +128,8 @@ public:
     if (isFew(other)) {
       for (const auto& element : other)
         erase(element);
+    } else if (other.isFew(*this)) {
+      eraseIf([&](const Element& element) { return other.contains(element); });
     } else {
       *this = merged(other, {.mine = true, .both = false, .theirs = false});
     }
@@ -135,6 +141,10 @@ public:
       for (const auto& element : other) {
         if (!erase(element)) insert(element);
       }
+    } else if (other.isFew(*this)) {
+      auto whole = other;
+      whole.toggle(*this);
+      *this = std::move(whole);
     } else {
       *this = merged(other, {.mine = true, .both = false, .theirs = true});
     }

@@ -249,6 +249,32 @@ bool selectSliverPolygons(Model& model, bool undoable)
   return true;
 }
 
+namespace {
+
+/// The corners of edges under one key lie all over the memory: they are asked for before they are needed.
+class Prefetch {
+public:
+  explicit Prefetch(std::span<const KeyedEdge> edges) : edges_(edges) {}
+
+  void before(std::size_t i) const
+  {
+    constexpr std::size_t near = 12;
+    if (i + 2 * near < edges_.size()) {
+      __builtin_prefetch(edges_[i + 2 * near].from);
+      __builtin_prefetch(edges_[i + 2 * near].to);
+    }
+    if (i + near < edges_.size()) {
+      __builtin_prefetch(edges_[i + near].from->data());
+      __builtin_prefetch(edges_[i + near].to->data());
+    }
+  }
+
+private:
+  std::span<const KeyedEdge> edges_;
+};
+
+} // namespace
+
 bool selectNakedEdges(Model& model, bool undoable)
 {
   const WaitCursor cursor;
@@ -257,10 +283,12 @@ bool selectNakedEdges(Model& model, bool undoable)
   sortByKey(edges);
   auto naked = std::make_unique<EdgeSelection>(SelectionMode::edge);
   std::vector<const KeyedEdge*> found;
+  const Prefetch prefetch(edges);
   for (auto first = edges.begin(); first != edges.end();) {
     const auto last = std::find_if(first, edges.end(), [&](const KeyedEdge& other) { return other.key != first->key; });
     const SameKey sameKey({first, last}, tolerance);
     for (; first != last; ++first) {
+      prefetch.before(static_cast<std::size_t>(first - edges.begin()));
       if (!sameKey.hasNeighbour(*first)) found.push_back(&*first);
     }
   }
