@@ -5,6 +5,7 @@
 #include <bit>
 #include <cstring>
 #include <gtest/gtest.h>
+#include <limits>
 
 namespace nalt {
 namespace {
@@ -108,6 +109,68 @@ TEST_F(SettingsFileTest, AShorterFileLeavesTheRestStanding)
   EXPECT_EQ(read.preferences.tolerance, 0.5);
   EXPECT_EQ(read.preferences.parameterPrecision, 12);
   EXPECT_EQ(read.viewport.nearClip, 0.1);
+}
+
+TEST_F(SettingsFileTest, AFileThatEndsAmongTheRecentFilesStillSaysWhereTheWindowWas)
+{
+  Settings settings;
+  settings.window = {.x = 30, .y = 40, .width = 900, .height = 700, .maximized = true, .recentFiles = {"/a.flt", "/b"}};
+  tests::writeFile(path, encodeSettings(settings).substr(0, 8 + 24 + 1024 + 100));
+  Settings read;
+  EXPECT_TRUE(file.read(read).hasWindow);
+  EXPECT_EQ(read.window.width, 900);
+  EXPECT_TRUE(read.window.maximized);
+  EXPECT_EQ(read.window.recentFiles[0], "/a.flt");
+  EXPECT_EQ(read.window.recentFiles[1], "");
+}
+
+TEST_F(SettingsFileTest, AFileThatEndsInTheWindowsPlaceLeavesItAlone)
+{
+  Settings settings;
+  settings.window.width = 900;
+  tests::writeFile(path, encodeSettings(settings).substr(0, 8 + 16));
+  Settings read;
+  EXPECT_FALSE(file.read(read).hasWindow);
+  EXPECT_EQ(encodeSettings(read).substr(4128), encodeSettings({}).substr(4128));
+}
+
+TEST_F(SettingsFileTest, AnInfiniteVersionIsNewerAndNoNumberIsOld)
+{
+  auto bytes = encodeSettings({});
+  bytes.replace(0, 8, bigEndian(std::numeric_limits<double>::infinity()));
+  tests::writeFile(path, bytes);
+  Settings settings;
+  EXPECT_TRUE(file.read(settings).newerVersion);
+  bytes.replace(0, 8, bigEndian(std::numeric_limits<double>::quiet_NaN()));
+  tests::writeFile(path, bytes);
+  EXPECT_FALSE(file.read(settings).newerVersion);
+}
+
+TEST_F(SettingsFileTest, AnEmptyFileLeavesTheDefaultsStanding)
+{
+  tests::writeFile(path, "");
+  Settings read;
+  const auto result = file.read(read);
+  EXPECT_FALSE(result.hasWindow);
+  EXPECT_FALSE(result.newerVersion);
+  EXPECT_EQ(encodeSettings(read), encodeSettings({}));
+  EXPECT_EQ(tests::readFile(path), "") << "only a missing file is written at once";
+}
+
+TEST_F(SettingsFileTest, AFileThatCantBeWrittenStaysWholeWithoutAWord)
+{
+  Settings settings;
+  settings.preferences.tolerance = 0.5;
+  file.write(settings);
+  const auto before = tests::readFile(path);
+  const SettingsFile folderInItsPlace(folder.path());
+  folderInItsPlace.write(settings);
+  const SettingsFile nowhere(folder / "missing/nalt.cfg");
+  nowhere.write(settings);
+  Settings read;
+  EXPECT_FALSE(nowhere.read(read).newerVersion);
+  EXPECT_EQ(encodeSettings(read), encodeSettings({}));
+  EXPECT_EQ(tests::readFile(path), before);
 }
 
 TEST_F(SettingsFileTest, EveryPrefixOfAFileIsHarmless)

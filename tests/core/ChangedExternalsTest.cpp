@@ -119,17 +119,5 @@ TEST_F(ChangedExternalsTest, ADeletedReferenceAsksNothing)
   EXPECT_THAT(shell.questions, IsEmpty());
 }
 
-TEST_F(ChangedExternalsTest, ContentOfAReferenceCantBeModified)
-{
-  auto* external = static_cast<fltapi::ExternalRecord*>(model->fltFile()->header()->primaryChildAt(0));
-  Selections content;
-  content.add(*selectionOf(*external->referencedFile()->header()->primaryChildAt(0)));
-  EXPECT_FALSE(Model::mayModify(content));
-  EXPECT_THAT(shell.messages, ElementsAre("WARNING: Can't modify externally referenced geometry."));
-  Selections reference;
-  reference.add(*selectionOf(*external));
-  EXPECT_TRUE(Model::mayModify(reference));
-}
-
 } // namespace
 } // namespace nalt
