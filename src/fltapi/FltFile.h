@@ -93,8 +93,6 @@ public:
   std::vector<std::string> changedExternals() const;
   /// Drops the content of all references with these paths and loads it again.
   void reloadExternals(const std::vector<std::string>& paths);
-  /// Keeps what is loaded of these paths: they count as changed again when the files change once more.
-  void keepExternals(const std::vector<std::string>& paths);
   /// For a file that is shown in another one: where `ownPalettes` (bits of ExternalRecord::OwnPalette) has no bit, the
   /// palettes of `referrer` count.
   void setReferrer(FltFile& referrer, std::uint32_t ownPalettes);

@@ -80,17 +80,6 @@ std::vector<std::string> FltFile::changedExternals() const
   return changed;
 }
 
-void FltFile::keepExternals(const std::vector<std::string>& paths)
-{
-  for (const auto& path : paths) {
-    const auto stamp = externalStamps_.find(path);
-    if (stamp == externalStamps_.end()) continue;
-    std::error_code error;
-    const auto time = std::filesystem::last_write_time(stamp->second.foundPath, error);
-    if (!error) stamp->second.time = time;
-  }
-}
-
 void FltFile::reloadExternals(const std::vector<std::string>& paths)
 {
   if (!header_) return;
