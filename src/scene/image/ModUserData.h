@@ -10,9 +10,9 @@ namespace nalt {
 
 class Sync;
 
-/// What the program keeps with a node that isn't part of the document: in which viewports it is shown, whether its entry
-/// in the tree view is closed. A node without it is shown everywhere and open. Made when it is first needed; owned by
-/// the node. Whether a node is selected costs a bit of the record itself, since millions can be.
+/// What the program keeps with a node that isn't part of the document: in which viewports it is shown, whether its
+/// entry in the tree view is closed. A node without it is shown everywhere and open. Made when it is first needed;
+/// owned by the node. Whether a node is selected costs a bit of the record itself, since millions can be.
 class ModUserData : public fltapi::UserData {
 public:
   explicit ModUserData(fltapi::PrimNodeRecord& record);
