@@ -5,9 +5,22 @@
 #include <FL/Fl_Button.H>
 #include <FL/Fl_Return_Button.H>
 
+#include <cctype>
+#include <cstring>
 #include <utility>
 
 namespace nalt {
+
+namespace {
+
+/// The letter behind "&" with Alt, 0 without one. FLTK would take the letter alone too, and press a button by a slip.
+int mnemonicOf(const char* label)
+{
+  const char* mark = std::strchr(label, '&');
+  return mark && mark[1] ? FL_ALT | std::tolower(static_cast<unsigned char>(mark[1])) : 0;
+}
+
+} // namespace
 
 void Actions::connect(Fl_Widget& widget, std::function<void()> run)
 {
@@ -35,6 +48,7 @@ std::vector<Fl_Button*> addDialogButtons(int width, int height, Actions& actions
                             : new Fl_Button(x, y, dialog::buttonWidth, dialog::buttonHeight, button.label);
     widget->labelsize(dialog::textSize);
     widget->tooltip(button.tooltip);
+    widget->shortcut(mnemonicOf(button.label));
     actions.connect(*widget, std::move(button.run));
     made.push_back(widget);
     x += dialog::buttonWidth + dialog::buttonGap;
