@@ -46,7 +46,7 @@ public:
   void setSelectionSet(SelectionSet* selections) override { follows = selections; }
   void update() override { ++updates; }
   Gadget* pick(const MouseRay&) override { return nullptr; }
-  void pivotChanged() override {}
+  void pivotChanged(const osg::Vec3d&) override {}
 
   SelectionSet* follows = nullptr;
   int updates = 0;

@@ -1,6 +1,7 @@
 #include "script/bindings/PivotBindings.h"
 
 #include "core/Model.h"
+#include "core/selection/PivotCommand.h"
 #include "script/Call.h"
 
 namespace nalt::bindings {
@@ -12,7 +13,13 @@ int getPivot(Call& call)
   return call.give(call.model().selections().pivot().value_or(osg::Vec3d()));
 }
 
-constexpr Binding table[] = {{"getPivot", getPivot}};
+int changePivot(Call& call)
+{
+  nalt::changePivot(call.model(), {call.number("x"), call.number("y"), call.number("z")}, call.records());
+  return call.giveNothing();
+}
+
+constexpr Binding table[] = {{"changePivot", changePivot}, {"getPivot", getPivot}};
 
 } // namespace
 

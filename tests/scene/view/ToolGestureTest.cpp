@@ -83,8 +83,7 @@ public:
   void setSelectionSet(SelectionSet*) override {}
   void update() override {}
   Gadget* pick(const MouseRay& mouse) override { return mouse.window.x() < 400.0 ? gadget_.get() : nullptr; }
-  void pivotChanged() {}
-  void pivotChanged(const osg::Vec3d&) {}
+  void pivotChanged(const osg::Vec3d&) override {}
 
 private:
   osg::ref_ptr<Gadget> gadget_;
@@ -280,6 +279,8 @@ TEST_F(ToolGestureTest, WithCtrlThePivotMovesAndTheToolGetsNothing)
   gesture().release(at(3, 4), ctrl);
   EXPECT_THAT(notes, ElementsAre("finish"));
   expectPivot(3, 4, 0);
+  model->commandStack().undo();
+  expectPivot(0.5, 0.5, 0);
 }
 
 TEST_F(ToolGestureTest, AToolThatFinishesWithCtrlKeepsThePivot)

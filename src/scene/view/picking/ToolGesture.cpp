@@ -3,6 +3,7 @@
 #include "core/Model.h"
 #include "core/Shell.h"
 #include "core/Tool.h"
+#include "core/selection/PivotCommand.h"
 #include "scene/view/Viewport.h"
 
 namespace nalt {
@@ -233,7 +234,7 @@ void ToolGesture::finishOrMovePivot(const osg::Vec2d& window, bool ofWhatIsHit)
     place = targetAt(window).position;
   }
   auto& model = *viewport_.model();
-  if (place && !model.selections().empty()) model.selections().setPivot({*place});
+  if (place && !model.selections().empty()) changePivot(model, *place, /*undoable=*/true);
   if (tool())
     tool()->redraw();
   else
