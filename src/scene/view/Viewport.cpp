@@ -70,6 +70,22 @@ void sayThatOpenGlIsMissing()
   });
 }
 
+/// Null when the mouse is elsewhere.
+Viewport* viewportBelowMouse(const Model& model)
+{
+  int x = 0;
+  int y = 0;
+  Fl::get_mouse(x, y);
+  for (VPBase* panel : model.viewports()) {
+    auto* viewport = dynamic_cast<Viewport*>(panel);
+    if (!viewport) continue;
+    const int left = viewport->x_root();
+    const int top = viewport->y_root();
+    if (x >= left && y >= top && x < left + viewport->w() && y < top + viewport->h()) return viewport;
+  }
+  return nullptr;
+}
+
 void pickedInMenu(Fl_Widget*, void*) {} // the pop-up's caller runs the entry itself
 
 } // namespace
@@ -408,8 +424,8 @@ int Viewport::handle(int event)
   case FL_SHORTCUT:
     return isModifier(Fl::event_key()) ? 1 : Fl_Gl_Window::handle(event);
   case FL_ENTER:
-    // Keys go where the mouse is, unless somebody is typing.
-    if (!dynamic_cast<Fl_Input_*>(Fl::focus())) take_focus();
+    // The active viewport gets the keys back when the mouse comes to it, unless somebody is typing.
+    if (active_ && !dynamic_cast<Fl_Input_*>(Fl::focus())) take_focus();
     return 1;
   case FL_MOVE:
     toolGesture_.hover(mousePlace());
@@ -523,7 +539,8 @@ int Viewport::handleKey()
   const int key = Fl::event_key();
   if (isModifier(key) || key == FL_Escape) return 1;
   if (key == FL_Menu) {
-    openMenu();
+    // The keys are the active viewport's, but the menu is that of the one which is pointed at.
+    if (Viewport* pointedAt = model_ ? viewportBelowMouse(*model_) : nullptr) pointedAt->openMenu();
     return 1;
   }
   const bool plain = !Fl::event_shift() && !Fl::event_ctrl() && !Fl::event_alt();
