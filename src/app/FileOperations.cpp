@@ -28,8 +28,14 @@ constexpr double pollInterval = 0.0333; // seconds
 constexpr int smallestWindowWidth = 400;
 constexpr int smallestWindowHeight = 300;
 
-constexpr const char* loadQuestion = "Do you want to load/unload externals? ";
-constexpr const char* lossOfEdits = "Note that the selection will be cleared and the command list will be erased.";
+/// @param deed "revert", say
+std::string questionForExternals(const char* deed)
+{
+  std::string question = "Do you want to ";
+  question += deed;
+  question += " externals? Note that the selection will be cleared and the command list will be erased.";
+  return question;
+}
 
 const std::vector<FileFilter> openFlightFilter = {{"OpenFlight", "*.flt"}};
 
@@ -149,7 +155,7 @@ bool FileOperations::revertExternals(bool synchronous)
 {
   waitUntilIdle();
   Model* model = gui_.currentModel();
-  if (!model || gui_.ask("Do you want to revert externals? " + std::string(lossOfEdits)) != Answer::yes) return false;
+  if (!model || gui_.ask(questionForExternals("revert")) != Answer::yes) return false;
   dropExternals(*model);
   return runExternals(FileOperationKind::revertExternals, *model, synchronous);
 }
@@ -158,7 +164,7 @@ bool FileOperations::loadExternals(bool synchronous)
 {
   waitUntilIdle();
   Model* model = gui_.currentModel();
-  if (!model || gui_.ask(std::string(loadQuestion) + lossOfEdits) != Answer::yes) return false;
+  if (!model || gui_.ask(questionForExternals("load/unload")) != Answer::yes) return false;
   dropExternals(*model);
   return runExternals(FileOperationKind::loadExternals, *model, synchronous);
 }
@@ -167,7 +173,7 @@ bool FileOperations::unloadExternals()
 {
   waitUntilIdle();
   Model* model = gui_.currentModel();
-  if (!model || gui_.ask(std::string(loadQuestion) + lossOfEdits) != Answer::yes) return false;
+  if (!model || gui_.ask(questionForExternals("load/unload")) != Answer::yes) return false;
   const WaitCursor cursor;
   dropExternals(*model);
   return true;
