@@ -84,12 +84,14 @@ std::pair<int, int> planeOf(const osg::Vec3d& normal)
   return y >= x ? std::pair(2, 0) : std::pair(1, 2);
 }
 
-/// Whether the tessellator would take minutes for a polygon. It looks at each crossing of edges, and for each corner at
-/// many of the edges that are as far along as it is; a contour that somebody drew has few of both.
+/// Whether the tessellator would take minutes for a polygon. It looks at each crossing of edges, for each corner at the
+/// edges that are as far along as it is, and for each turn back at all the rest; a contour that somebody drew has few
+/// of them.
 bool isTangle(std::span<const osg::Vec3> corners, const osg::Vec3d& normal)
 {
   constexpr std::size_t fewCorners = 2000;
   constexpr double mostSteps = 5e7;
+  constexpr double mostStepsForTurns = 5e8; // each is quick
   constexpr int pairs = 20'000;
   constexpr double mostCrossings = 1e6;
   const auto count = corners.size();
@@ -100,13 +102,19 @@ bool isTangle(std::span<const osg::Vec3> corners, const osg::Vec3d& normal)
   double lowest = corners[0][u];
   double highest = lowest;
   double way = 0;
+  int turns = 0;
+  bool wasForward = corners[0][u] > corners[count - 1][u];
   for (std::size_t i = 0; i < count; ++i) {
     const double at = corners[i][u];
     lowest = std::min(lowest, at);
     highest = std::max(highest, at);
-    way += std::abs(corners[(i + 1) % count][u] - at);
+    const double step = corners[(i + 1) % count][u] - at;
+    way += std::abs(step);
+    const bool isForward = step > 0;
+    turns += isForward != std::exchange(wasForward, isForward);
   }
   if (highest > lowest && edges * way / (highest - lowest) > mostSteps) return true;
+  if (edges * turns > mostStepsForTurns) return true;
 
   const auto side = [&, u = u, v = v](const osg::Vec3& a, const osg::Vec3& b, const osg::Vec3& c) {
     const double abU = static_cast<double>(b[u]) - a[u];

@@ -179,10 +179,11 @@ TEST_F(BadContent, FacesWithoutVerticesOrAVertexListShowNothing)
 TEST_F(BadContent, APolygonOfAHundredThousandCornersIsFilledAtOnce)
 {
   constexpr int corners = 100'000;
-  auto& star = build.face(object, ring(corners, [](int i) { return i % 2 ? 10 : 9.99; }), red);
+  const auto flower = [](int i) { return 10 + 2 * std::cos(5 * 2 * std::numbers::pi * i / corners); };
+  auto& bent = build.face(object, ring(corners, flower), red);
   double seconds = secondsOf([&] { sync(); });
   EXPECT_LT(seconds, 20);
-  EXPECT_NEAR(areaOf(geometry(star)), std::numbers::pi * 99.9, 0.01); // the product of its two radii
+  EXPECT_NEAR(areaOf(geometry(bent)), std::numbers::pi * (100 + 4 / 2), 0.01);
 
   auto& plain = build.face(object, ring(corners, [](int) { return 3; }), green);
   seconds = secondsOf([&] { sync().translate(plain); });
@@ -190,9 +191,10 @@ TEST_F(BadContent, APolygonOfAHundredThousandCornersIsFilledAtOnce)
   EXPECT_EQ(polygon(plain).getCount(), corners);
 }
 
-TEST_F(BadContent, AStarWithAHundredThousandLongRaysTakesNoTime)
+TEST_F(BadContent, StarsWithAHundredThousandRaysTakeNoTime)
 {
   build.face(object, ring(100'000, [](int i) { return i % 2 ? 10 : 1; }), red);
+  build.face(object, ring(100'000, [](int i) { return i % 2 ? 10 : 9.99; }), red);
   EXPECT_LT(secondsOf([&] { sync(); }), 20);
   expectFramed();
 }
