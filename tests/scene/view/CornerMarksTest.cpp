@@ -14,6 +14,7 @@ namespace {
 class VertexCount : public osg::NodeVisitor {
 public:
   VertexCount() : osg::NodeVisitor(TRAVERSE_ALL_CHILDREN) {}
+  using osg::NodeVisitor::apply;
   void apply(osg::Geometry& geometry) override
   {
     if (geometry.getVertexArray()) count += geometry.getVertexArray()->getNumElements();

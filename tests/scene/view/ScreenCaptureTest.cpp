@@ -44,8 +44,8 @@ private:
 TEST_F(ScreenCaptureTest, ASizeOfZeroKeepsThePictureAsItIs)
 {
   const auto picture = stripes(30, 20);
-  EXPECT_EQ(captureOfSize(picture, 0, 0), picture);
-  EXPECT_EQ(captureOfSize(picture, 640, 0), picture);
+  EXPECT_EQ(captureOfSize(picture, 0, 0).get(), picture.get());
+  EXPECT_EQ(captureOfSize(picture, 640, 0).get(), picture.get());
 }
 
 TEST_F(ScreenCaptureTest, AWidePictureLosesItsSides)
