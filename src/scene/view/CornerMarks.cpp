@@ -4,26 +4,37 @@
 #include "fltapi/geometry/VertexListRecord.h"
 #include "scene/view/ViewScene.h"
 
+#include <memory>
+#include <unordered_set>
+
 namespace nalt {
 
 namespace {
 
-/// Nodes and corners that are selected; a selected edge has no corner of its own.
+/// Nodes and corners that are selected, and where selected edges begin.
 class IsSelected {
 public:
-  explicit IsSelected(const Selections& selections) : selections_(selections) {}
+  explicit IsSelected(const Selections& selections) : selections_(selections)
+  {
+    for (const auto& [mode, selection] : selections.families()) {
+      if (mode != SelectionMode::vertex && mode != SelectionMode::edge) continue;
+      selection->forEach([this](fltapi::PrimNodeRecord&, fltapi::VertexBaseRecord* vertex) {
+        if (vertex) corners_->insert(vertex);
+      });
+    }
+  }
 
   bool operator()(const fltapi::Record& record) const
   {
     if (const auto* node = dynamic_cast<const fltapi::PrimNodeRecord*>(&record)) return selections_.containsNode(*node);
-    // Selections are asked by elements, which hold what they name.
-    auto* list = dynamic_cast<fltapi::VertexListRecord*>(record.parent());
-    auto* vertex = dynamic_cast<fltapi::VertexBaseRecord*>(const_cast<fltapi::Record*>(&record));
-    return list && vertex && selections_.containsVertex(*list, *vertex);
+    return corners_->contains(&record);
   }
 
 private:
   const Selections& selections_;
+  // Shared by the copies that are made of functions.
+  std::shared_ptr<std::unordered_set<const fltapi::Record*>> corners_ =
+      std::make_shared<std::unordered_set<const fltapi::Record*>>();
 };
 
 void hang(osg::Group& root, osg::Node* child, bool shown)
@@ -59,7 +70,10 @@ void CornerMarks::updateNormals(osg::Node& model, std::uint32_t bits, const View
   settings.color = preferences.normalsColor;
   settings.copies = preferences.normalsEverywhere;
   settings.onlySelection = preferences.normalsOnlySelection;
-  normals_.update(model, bits, settings, IsSelected(selections));
+  if (settings.onlySelection)
+    normals_.update(model, bits, settings, IsSelected(selections));
+  else
+    normals_.update(model, bits, settings);
 }
 
 void CornerMarks::clear()
