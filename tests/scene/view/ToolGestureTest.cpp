@@ -274,13 +274,17 @@ TEST_F(ToolGestureTest, WithCtrlThePivotMovesAndTheToolGetsNothing)
   model->selections().select(selectionOf(*face));
   start();
   showGrid();
+  const auto commands = model->commandStack().undoCommands().size();
   gesture().press(at(3, 4), ctrl);
   gesture().drag(at(5, 5), ctrl);
   gesture().release(at(3, 4), ctrl);
   EXPECT_THAT(notes, ElementsAre("finish"));
   expectPivot(3, 4, 0);
+  ASSERT_EQ(model->commandStack().undoCommands().size(), commands + 1);
   model->commandStack().undo();
   expectPivot(0.5, 0.5, 0);
+  model->commandStack().redo();
+  expectPivot(3, 4, 0);
 }
 
 TEST_F(ToolGestureTest, AToolThatFinishesWithCtrlKeepsThePivot)
