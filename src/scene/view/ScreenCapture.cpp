@@ -47,8 +47,9 @@ osg::ref_ptr<osg::Image> cropped(const osg::Image& picture, int width, int heigh
 /// The bytes of the file, empty when there is no writer for that ending.
 std::string encoded(osg::Image& picture, const std::string& path)
 {
-  osgDB::ReaderWriter* writer =
-      osgDB::Registry::instance()->getReaderWriterForExtension(osgDB::getLowerCaseFileExtension(path));
+  std::string ending = osgDB::getLowerCaseFileExtension(path);
+  if (ending == "jpe") ending = "jpg"; // the only one of the endings that OpenSceneGraph doesn't know
+  osgDB::ReaderWriter* writer = osgDB::Registry::instance()->getReaderWriterForExtension(ending);
   if (!writer) return {};
   picture.setFileName(path);
   std::ostringstream bytes;
