@@ -122,12 +122,7 @@ void SelectionSet::select(Selections selections, const SelectionChange& change)
   current_ = std::move(selections);
   markSelected(before, false, model_.sync());
   markSelected(current_, true, model_.sync());
-  // The command gets a copy of its own: what is selected now must not be copied at the next click.
-  Selections added;
-  if (change.undoable) {
-    for (const auto& [mode, selection] : current_.families())
-      added.add(*selection);
-  }
+  auto added = change.undoable ? current_ : Selections();
   finish(std::move(before), std::move(added), change);
 }
 

@@ -200,7 +200,9 @@ void FaceGeometry::runsChanged()
   runs_.clear();
   visibleMask_.reset();
   ++revision_;
-  if (highlight_) highlight_->changed();
+  if (!highlight_) return;
+  highlight_->changed();
+  highlight_->dirtyBound();
 }
 
 void FaceGeometry::maskChanged(std::uint32_t before, std::uint32_t after)
