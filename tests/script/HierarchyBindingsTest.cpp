@@ -1,4 +1,5 @@
 #include "fltapi/AllRecords.h"
+#include "scene/image/Sync.h"
 #include "tests/script/ScriptTest.h"
 #include "tests/script/SmallDocument.h"
 
@@ -96,6 +97,49 @@ TEST_F(HierarchyBindings, UndoShiftsToTheOldOrder)
     model.commandStack().redo();
     EXPECT_EQ(order(), shifted) << function;
   }
+}
+
+TEST_F(HierarchyBindings, UndoShiftsByteForByte)
+{
+  auto& toggle = add<fltapi::SwitchRecord>(header(), "sw1");
+  for (int i = 0; i < 4; ++i) {
+    add<fltapi::ObjectRecord>(toggle, "s" + std::to_string(i));
+    toggle.setBit(0, i, i == 1);
+  }
+  const auto saved = [this] {
+    const auto path = folder / "saved.flt";
+    EXPECT_TRUE(model.fltFile()->save(path, fltapi::currentVersion));
+    return tests::readFile(path);
+  };
+  const auto before = saved();
+  printed("nalt.selectByName('s1') assert(nalt.shiftFarRight())");
+  const auto shifted = saved();
+  EXPECT_NE(shifted, before);
+  EXPECT_TRUE(toggle.bit(0, 3)) << "a child is switched on wherever it goes";
+  for (int round = 0; round < 2; ++round) {
+    model.commandStack().undo();
+    EXPECT_EQ(saved(), before);
+    model.commandStack().redo();
+    EXPECT_EQ(saved(), shifted);
+  }
+}
+
+TEST_F(HierarchyBindings, ShowShiftedNodesAsBefore)
+{
+  model.sceneRoot();
+  const auto shown = [this] {
+    unsigned objects = 0;
+    for (auto* child : group().primaryChildren())
+      objects += model.sync()->nodeOf(*child) ? 1u : 0u;
+    return objects;
+  };
+  ASSERT_EQ(shown(), 5u);
+  printed("nalt.selectByName('o2', 'o4') nalt.shiftFarLeft() nalt.shiftRight()");
+  EXPECT_EQ(shown(), 5u);
+  EXPECT_EQ(model.sync()->nodeOf(group())->asGroup()->getNumChildren(), 5u);
+  model.commandStack().undo();
+  EXPECT_EQ(shown(), 5u);
+  EXPECT_EQ(model.sync()->nodeOf(group())->asGroup()->getNumChildren(), 5u);
 }
 
 TEST_F(HierarchyBindings, ShiftOnlySiblings)
