@@ -41,7 +41,8 @@ protected:
   /// Selects the named nodes and calls a function; what it gave, and the order of the objects then.
   std::string after(const std::string& names, const std::string& function)
   {
-    return printed("nalt.selectByName(" + names + ") print(nalt." + function + "())") + order();
+    const auto given = printed("nalt.selectByName(" + names + ") print(nalt." + function + "())");
+    return given + order();
   }
 
   std::string parentAfter(const std::string& names)

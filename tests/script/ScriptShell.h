@@ -87,6 +87,14 @@ public:
     return true;
   }
 
+  /// Models tell their shell when they go, so it must still be installed.
+  void dropModels()
+  {
+    current = nullptr;
+    models.clear();
+    owned_.clear();
+  }
+
   Answer openAnswer = Answer::cancel;
   Answer saveAnswer = Answer::cancel;
 

@@ -25,6 +25,7 @@ protected:
   ~ScriptTest() override
   {
     setOutputPane(nullptr);
+    shell.dropModels();
     Preferences::get() = {};
     unsetenv("NALT_LOG");
     unsetenv("NALT_NO_LINE_FEED");
