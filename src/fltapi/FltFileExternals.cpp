@@ -87,10 +87,13 @@ void FltFile::reloadExternals(const std::vector<std::string>& paths)
     const auto stamp = externalStamps_.find(path);
     if (stamp != externalStamps_.end()) ExternalFiles::get().forget(canonicalPath(stamp->second.foundPath));
   }
-  for (auto* record : header_->findDescendants(ExternalRecord::code, /*followInstances=*/true)) {
-    if (record->file() != this || std::ranges::find(paths, record->getName()) == paths.end()) continue;
-    static_cast<ExternalRecord*>(record)->show(nullptr, {});
-  }
+  // References inside the content that is dropped go with it.
+  auto references = header_->findDescendants(ExternalRecord::code, /*followInstances=*/true);
+  std::erase_if(references, [&](const Record* record) {
+    return record->file() != this || std::ranges::find(paths, record->getName()) == paths.end();
+  });
+  for (auto* reference : references)
+    static_cast<ExternalRecord*>(reference)->show(nullptr, {});
   readExternals();
 }
 
