@@ -30,7 +30,7 @@ constexpr int fieldHeight = 20;
 void addLabel(int x, int y, int w, int h, const char* text)
 {
   auto* label = new Fl_Box(x, y, w, h, text);
-  label->align(FL_ALIGN_LEFT | FL_ALIGN_INSIDE);
+  label->align(FL_ALIGN_LEFT | FL_ALIGN_INSIDE | FL_ALIGN_CLIP);
   label->labelsize(labelSize);
 }
 
