@@ -25,7 +25,8 @@ std::string firstDifference(const std::string& a, const std::string& b)
 
 std::string committed(const std::string& name)
 {
-  return tests::readFile(std::string(tests::sourceFolder) + "/docs/" + name);
+  const std::string folder = tests::sourceFolder;
+  return tests::readFile(folder + "/docs/" + name);
 }
 
 } // namespace
