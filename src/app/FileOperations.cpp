@@ -61,6 +61,7 @@ void restoreCameras(const FileJob& job)
   for (std::size_t i = 0; i < job.viewports.size(); ++i) {
     auto* viewport = dynamic_cast<Viewport*>(job.viewports[i]);
     if (!viewport) continue;
+    viewport->camera().setAspect(static_cast<double>(viewport->w()) / std::max(1, viewport->h()));
     viewport->setOrthographic(job.cameras[i].orthographic);
     viewport->camera().setPose(job.cameras[i].pose);
   }
