@@ -13,6 +13,8 @@ using testing::IsEmpty;
 class CountingTool : public Tool {
 public:
   CountingTool() : Tool(Writes::nothing) {}
+  using Tool::drag;
+  using Tool::firstPick;
   void firstPick(const osg::Vec2d& window) override { picks.push_back(window); }
   void drag(const osg::Vec2d& delta) override { drags.push_back(delta); }
   std::vector<osg::Vec2d> picks;
