@@ -50,10 +50,10 @@ TEST_F(ApiDocuments, TheManualHasEveryFunction)
                                                 : text.find("`nalt." + name + "` is another name") != std::string::npos;
     EXPECT_TRUE(found) << name;
   }
-  EXPECT_THAT(text, testing::HasSubstr("\n### create\n\n```lua\nnalt.create(selectionMode)\n```\n\n"
-                                       "Creates a primitive of given type.\n\n"
+  EXPECT_THAT(text, testing::HasSubstr("\n### selectAll\n\n```lua\nnalt.selectAll(selectionMode)\n```\n\n"
+                                       "Selects all primitives of a given mode.\n\n"
                                        "| Argument | Type | Default | Meaning |\n|---|---|---|---|\n"
-                                       "| `selectionMode` | string |  | One of the following strings: `\"OBJECT\"`, "));
+                                       "| `selectionMode` | string |  | One of the following strings: `\"VERTEX\"`, "));
 }
 
 TEST_F(ApiDocuments, TheAnnotationsAreLuaThatDefinesEveryFunction)
