@@ -153,11 +153,6 @@ void saveAs(Gui& gui)
   gui.saveAs();
 }
 
-void import(Gui& gui)
-{
-  gui.files().chooseAndImport();
-}
-
 void closeModel(Gui& gui)
 {
   gui.closeModel();

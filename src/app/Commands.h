@@ -16,7 +16,6 @@ void revertExternals(Gui& gui);
 void revertTextures(Gui& gui);
 void save(Gui& gui);
 void saveAs(Gui& gui);
-void import(Gui& gui);
 void closeModel(Gui& gui);
 void closeAllModels(Gui& gui);
 void exit(Gui& gui);

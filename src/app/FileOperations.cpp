@@ -368,12 +368,6 @@ void FileOperations::chooseAndOpen()
       openDialog_.chooseToRead(fileOperation(FileOperationKind::open).title, openFlightFilter, 0, currentPath()));
 }
 
-void FileOperations::chooseAndImport()
-{
-  gui_.importFiles(importDialog_.chooseToRead(fileOperation(FileOperationKind::import).title, importFilters(),
-                                              importFilters().size() - 1, currentPath()));
-}
-
 std::string FileOperations::chooseSavePath(const Model& model)
 {
   const std::string chosen =

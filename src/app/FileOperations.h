@@ -42,7 +42,6 @@ public:
 
   // With a file dialog.
   void chooseAndOpen();
-  void chooseAndImport();
   /// Empty when the user gave up or doesn't want to overwrite.
   std::string chooseSavePath(const Model& model);
   /// Whether `path` may be written: true for a new file, else the answer to "Overwrite file <path>?".
@@ -83,7 +82,6 @@ private:
   DeclinedExternals declined_;
   FileDialogs openDialog_;
   FileDialogs saveDialog_;
-  FileDialogs importDialog_;
 };
 
 } // namespace nalt

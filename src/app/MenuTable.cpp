@@ -74,7 +74,7 @@ const MenuRow rows[] = {
     end,
     entry("&Save", ctrl | 's', commands::save, when::model),
     entry("Save &As...", ctrl | shift | 's', commands::saveAs, when::model, divider),
-    entry("&Import...", ctrl | 'i', commands::import),
+    entry("&Import...", ctrl | 'i', later),
     entry("&Export As...", ctrl | 'e', later, when::always, divider),
     entry("&Close Model", ctrl | 'w', commands::closeModel, when::idleModel),
     entry("C&lose All Models    ", ctrl | shift | 'w', commands::closeAllModels, when::idleModel, divider),

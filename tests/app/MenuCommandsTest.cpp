@@ -20,9 +20,10 @@ protected:
 TEST_F(MenuCommands, WithoutAModelOnlyWhatNeedsNoneIsActive)
 {
   for (const char* label :
-       {"&New", "&Open...", "&Import...", "E&xit", "Show &Gizmos", "Snap To &Grid", "&About Nalt...", "&Vertex Mode"})
+       {"&New", "&Open...", "E&xit", "Show &Gizmos", "Snap To &Grid", "&About Nalt...", "&Vertex Mode"})
     EXPECT_TRUE(isActive(label)) << label;
-  for (const char* label : {"&Revert...",
+  for (const char* label : {"&Import...", // can read no format yet
+                            "&Revert...",
                             "Re&vert Externals",
                             "Rever&t Textures",
                             "&Save",
