@@ -1,8 +1,6 @@
 #!/usr/bin/env python3
-"""screens.py KIND PROGRAM PICTURES: what test-screens runs on a screen of that kind."""
-import sys
-
-from nalt_gui import WARNING, check, equal, poll, run
+"""screens.py PROGRAM PICTURES: what test-screens runs on a small screen."""
+from nalt_gui import check, equal, run
 
 
 def everything_fits_on_a_small_screen(session):
@@ -17,21 +15,4 @@ def everything_fits_on_a_small_screen(session):
     equal(session.wait_for_exit(), 0, "the exit status")
 
 
-def without_opengl_the_program_says_so_and_stays(session):
-    cube = session.make_model("cube.flt")
-    session.launch(cube)
-    session.main = session.window(r"^Nalt( - .*)?$")
-    while session.windows(WARNING) or session.windows("^Welcome to Nalt$"):
-        if session.windows(WARNING):
-            session.picture_file("window-without-opengl")
-            session.key("Return", window=session.windows(WARNING)[-1])
-    session.wait_for_title(f"Nalt - {cube}")
-    session.focus_main()
-    session.key("ctrl+n")
-    session.wait_for_title("Nalt - untitled.flt")
-    session.key("ctrl+q")
-    equal(session.wait_for_exit(), 0, "the exit status")
-
-
-kind = sys.argv.pop(1)
-run({"small": everything_fits_on_a_small_screen, "no-opengl": without_opengl_the_program_says_so_and_stays}[kind])
+run(everything_fits_on_a_small_screen)

@@ -68,14 +68,15 @@ std::unique_ptr<Selection> selectionOf(PrimNodeRecord& node)
 
 namespace {
 
-PrimNodeRecord& ownerOf(const FltNode& element)
+PrimNodeRecord* ownerOf(const FltNode& element)
 {
-  return *element.node;
+  return element.node.get();
 }
+/// Null when the polygon is gone for good, as after a deletion that nobody can undo.
 template <class Element>
-PrimNodeRecord& ownerOf(const Element& element)
+PrimNodeRecord* ownerOf(const Element& element)
 {
-  return *element.owner();
+  return element.owner();
 }
 
 VertexBaseRecord* vertexOf(const FltNode&)
@@ -185,15 +186,19 @@ bool ElementSelection<Element>::combine(const Selection& other)
 template <class Element>
 void ElementSelection<Element>::discard(const ElementTest& unwanted)
 {
-  elements_.eraseIf([&](const Element& element) { return unwanted(ownerOf(element), vertexOf(element)); });
+  elements_.eraseIf([&](const Element& element) {
+    auto* owner = ownerOf(element);
+    return !owner || unwanted(*owner, vertexOf(element));
+  });
 }
 
 template <class Element>
 std::set<std::string> ElementSelection<Element>::names() const
 {
   std::set<std::string> all;
-  for (const auto& element : elements_)
-    all.insert(nameOf(element));
+  for (const auto& element : elements_) {
+    if (ownerOf(element)) all.insert(nameOf(element));
+  }
   return all;
 }
 
@@ -210,8 +215,9 @@ bool ElementSelection<Element>::containsNode(const PrimNodeRecord& node) const
 template <class Element>
 void ElementSelection<Element>::forEach(const std::function<void(PrimNodeRecord&, VertexBaseRecord*)>& work) const
 {
-  for (const auto& element : elements_)
-    work(ownerOf(element), vertexOf(element));
+  for (const auto& element : elements_) {
+    if (auto* owner = ownerOf(element)) work(*owner, vertexOf(element));
+  }
 }
 
 template <class Element>
@@ -219,8 +225,9 @@ osg::BoundingBoxd ElementSelection<Element>::boundingBox() const
 {
   osg::BoundingBoxd box;
   WorldMatrices matrices;
-  for (const auto& element : elements_)
-    expand(box, matrices, element);
+  for (const auto& element : elements_) {
+    if (ownerOf(element)) expand(box, matrices, element);
+  }
   return box;
 }
 
