@@ -180,6 +180,17 @@ TEST_F(SelectionTest, AnUndoneSelectionIsThePreviousOne)
   EXPECT_THAT(names(), ElementsAre("g1"));
 }
 
+TEST_F(SelectionTest, CornersOfAPolygonThatIsGoneArePassedOver)
+{
+  auto* face = makeSquare(0, 0);
+  selectAll(*model, SelectionMode::vertex, /*undoable=*/false);
+  object->removeChild(face);
+  EXPECT_THAT(names(), ElementsAre());
+  EXPECT_FALSE(selections().current().find(SelectionMode::vertex)->boundingBox().valid());
+  selectNone(*model, /*undoable=*/false);
+  EXPECT_TRUE(selections().empty());
+}
+
 TEST_F(SelectionTest, ThePreviousSelectionHasNothingThatWasDeleted)
 {
   auto* face = makeSquare(0, 0);
