@@ -223,7 +223,8 @@ TEST_F(Children, areReplacedInTheirPlace)
   group->replaceChild(b, object("x"));
   EXPECT_THAT(names(), ElementsAre("a", "x", "c"));
   EXPECT_EQ(b->parent(), nullptr);
-  group->replaceChild(b, object("y"));
+  const osg::ref_ptr<Record> y = object("y");
+  group->replaceChild(b, y);
   group->replaceChild(group->childAt(0), nullptr);
   EXPECT_THAT(names(), ElementsAre("a", "x", "c"));
   group->replaceChild(group->childAt(0), file->create<CommentRecord>());

@@ -237,7 +237,7 @@ TEST_F(Names, withHugeNumbersAreOnlyNames)
 
 TEST_F(Names, byDefaultSkipWhatIsTaken)
 {
-  auto* face = file->create<FaceRecord>();
+  const osg::ref_ptr<FaceRecord> face = file->create<FaceRecord>();
   face->setName("g1"); // another kind's, so the counter of groups doesn't know
   group->assignUniqueName();
   EXPECT_EQ(group->getName(), "g2");

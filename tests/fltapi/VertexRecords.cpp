@@ -202,10 +202,10 @@ TEST_F(VertexLists, takeVerticesOnly)
   const osg::ref_ptr<GroupRecord> group = file->create<GroupRecord>();
   EXPECT_FALSE(list->addVertex(group));
   EXPECT_FALSE(list->addVertex(nullptr));
-  EXPECT_FALSE(list->insertVertex(5, vertex()));
-  EXPECT_FALSE(list->insertVertex(-1, vertex()));
-  const osg::ref_ptr<Record> loose = makeRecord(defaultBuffer(opcodes::vertexList));
   const osg::ref_ptr<VertexBaseRecord> v = vertex();
+  EXPECT_FALSE(list->insertVertex(5, v));
+  EXPECT_FALSE(list->insertVertex(-1, v));
+  const osg::ref_ptr<Record> loose = makeRecord(defaultBuffer(opcodes::vertexList));
   EXPECT_FALSE(static_cast<VertexListRecord&>(*loose).addVertex(v));
   EXPECT_EQ(list->vertexCount(), 4);
 }
@@ -227,7 +227,8 @@ TEST_F(VertexLists, changeInOrder)
   const osg::ref_ptr<VertexBaseRecord> stranger = vertex();
   EXPECT_FALSE(list->removeVertex(stranger));
   EXPECT_FALSE(list->removeVertex(nullptr));
-  EXPECT_FALSE(list->replaceVertex(stranger, vertex()));
+  const osg::ref_ptr<VertexBaseRecord> another = vertex();
+  EXPECT_FALSE(list->replaceVertex(stranger, another));
   const osg::ref_ptr<GroupRecord> group = file->create<GroupRecord>();
   EXPECT_FALSE(list->replaceVertex(list->vertexAt(0), group));
 }
