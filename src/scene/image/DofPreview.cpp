@@ -80,6 +80,7 @@ void DofPreview::move(DofRecord& dof, const DofValues& values)
   const osg::Matrixd matrix = matrixFor(dof, values);
   if (!node || !matrix.valid()) return;
   node->setMatrix(matrix);
+  scene_.noteMove();
   moved_[dof.serial()] = {&dof, values};
 }
 

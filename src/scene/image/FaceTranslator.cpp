@@ -219,9 +219,7 @@ void FaceTranslator::describe(const FaceRecord& face, const FacePlace& place, co
   bool withoutNormal = false;
 
   for (const auto& vertex : list->vertices()) {
-    if (!fltapi::isVertexOpcode(fltapi::opcodeOf(*vertex))) {
-      OSG_WARN << "Failed to get Vertex op code." << std::endl;
-    }
+    if (!fltapi::isVertexOpcode(fltapi::opcodeOf(*vertex))) complaints_->tell(*vertex, "Failed to get Vertex op code.");
     shape.positions.emplace_back(vertex->position());
     if (!isFinite(shape.positions.back())) {
       shape.clear();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "scene/image/Colors.h"
+#include "scene/image/Complaints.h"
 #include "scene/image/FaceState.h"
 #include "scene/image/PolygonShape.h"
 
@@ -26,6 +27,9 @@ struct FacePlace {
 /// batch of records, for as long as no palette changes.
 class FaceTranslator {
 public:
+  /// `complaints` hears of what can't be drawn, and stays longer than this.
+  explicit FaceTranslator(Complaints& complaints) : complaints_(&complaints) {}
+
   FaceStateKey keyOf(const fltapi::FaceRecord& face, const FacePlace& place);
   FaceStateKey keyOf(const fltapi::MeshRecord& mesh, const FacePlace& place);
   /// Fills `shape` for a state made from the face's key; it has no corners when there is nothing to draw,
@@ -42,6 +46,7 @@ public:
   void describeOutline(const fltapi::FaceRecord& face, PolygonShape& shape);
 
   const Colors& colorsOf(const fltapi::FltFile* file);
+  Complaints& complaints() { return *complaints_; }
 
 private:
   template <class FaceLike>
@@ -51,6 +56,7 @@ private:
   template <class FaceLike>
   osg::Vec4ub wholeColor(const FaceLike& face, const FacePlace& place, const FaceState& state);
 
+  Complaints* complaints_;
   const fltapi::FltFile* colorsFile_ = nullptr;
   std::optional<Colors> colors_;
 };

@@ -61,7 +61,8 @@ osg::BoundingBox HighlightGeometry::computeBoundingBox() const
 void HighlightGeometry::drawImplementation(osg::RenderInfo& renderInfo) const
 {
   if (!source_) return;
-  drawVertexArraysImplementation(renderInfo);
+  const bool shrinks = source_->viewports().shrinksIn(renderInfo.getContextID());
+  (shrinks ? source_->shrunk().arrays() : *this).drawVertexArraysImplementation(renderInfo);
   auto& state = *renderInfo.getState();
   const bool buffers = state.useVertexBufferObject(_supportsVertexBufferObjects && _useVertexBufferObjects);
   const auto& lists = listsFor(source_->viewports().bitsOf(state.getContextID()));

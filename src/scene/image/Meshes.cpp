@@ -6,8 +6,6 @@
 #include "scene/image/Finite.h"
 #include "scene/image/Tessellation.h"
 
-#include <osg/Notify>
-
 #include <algorithm>
 #include <optional>
 
@@ -116,13 +114,14 @@ osg::ref_ptr<osg::DrawElementsUInt> polygonElements(const std::vector<std::uint3
   return elements;
 }
 
-void addPrimitives(const MeshRecord& mesh, osg::Geometry& geometry, const osg::Vec3Array& positions)
+void addPrimitives(const MeshRecord& mesh, osg::Geometry& geometry, const osg::Vec3Array& positions,
+                   Complaints& complaints)
 {
   for (const auto* child : mesh.findChildren(MeshPrimitiveRecord::code)) {
     const auto& primitive = static_cast<const MeshPrimitiveRecord&>(*child);
     const auto mode = modeOf(primitive.get(MeshPrimitiveRecord::fields.type));
     if (!mode) {
-      OSG_WARN << "Mesh: Unknown primitive type" << std::endl;
+      complaints.tell(primitive, "Mesh: Unknown primitive type");
       continue;
     }
     const auto indices = primitive.indices();
@@ -209,7 +208,7 @@ osg::ref_ptr<MeshGeometry> meshGeometry(const MeshRecord& mesh, const FacePlace&
     geometry->setTexCoordArray(static_cast<unsigned>(unit), uvsOf(*pool, Pool::baseUV >> unit),
                                osg::Array::BIND_PER_VERTEX);
   }
-  addPrimitives(mesh, *geometry, *positions);
+  addPrimitives(mesh, *geometry, *positions, translator.complaints());
   if (pool->has(Pool::normal)) {
     geometry->setNormalArray(storedNormals(*pool), osg::Array::BIND_PER_VERTEX);
   } else {

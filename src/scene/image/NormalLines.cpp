@@ -119,6 +119,7 @@ void NormalLines::update(osg::Node& scene, std::uint32_t viewportBits, const Set
   const auto count = static_cast<unsigned>(places.size());
   geode_->removeDrawables(count, geode_->getNumDrawables() - count);
   made_.resize(places.size());
+  isSelected_ = {}; // may know things that don't outlive the call
 }
 
 osg::ref_ptr<osg::Geometry> NormalLines::make(const GeometryPlaces::Place& place) const

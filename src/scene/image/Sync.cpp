@@ -147,6 +147,12 @@ void Sync::setShrinkingBits(std::uint32_t bits)
   root_->accept(visitor);
 }
 
+void Sync::noteMove()
+{
+  ++revision_;
+  highlight_->placesChanged();
+}
+
 void Sync::finish()
 {
   ++revision_;
@@ -155,7 +161,7 @@ void Sync::finish()
   const auto switches = std::exchange(waitingSwitches_, {});
   for (const auto& [serial, record] : switches)
     refreshSwitch(*record);
-  translator_ = FaceTranslator();
+  translator_ = FaceTranslator(complaints_);
 }
 
 void Sync::updatePalette(int opcode, bool reload)
@@ -169,7 +175,7 @@ void Sync::updatePalette(int opcode, bool reload)
 /// Colors of corners are copies of what the palettes say.
 void Sync::recolorFaces()
 {
-  translator_ = FaceTranslator();
+  translator_ = FaceTranslator(complaints_);
   TranslateVisitor visitor(*this, TraversalMode::none);
   for (auto* record : faces_.records())
     record->accept(visitor);

@@ -143,6 +143,8 @@ public:
   std::uint32_t shrinkingBits() const { return viewports_->shrinkingBits(); }
   /// Another number after each change of what is shown. Who makes something of the image looks whether it is due again.
   std::uint64_t revision() const { return revision_; }
+  /// Who moves a node for show, without a change of its record, says so here.
+  void noteMove();
 
 private:
   friend class TranslateVisitor;
@@ -176,7 +178,8 @@ private:
   osg::ref_ptr<ViewportTable> viewports_ = new ViewportTable;
   StateSets stateSets_;
   FaceStore faces_{*viewports_};
-  FaceTranslator translator_;
+  Complaints complaints_;
+  FaceTranslator translator_{complaints_};
   PolygonShape shape_;
   /// By serial number of the record, which no other record ever has.
   std::unordered_map<std::uint32_t, SceneNode> nodes_;

@@ -1,11 +1,12 @@
 #include "scene/view/CornerMarks.h"
 
-#include "core/selection/SelectionSet.h"
 #include "fltapi/geometry/VertexListRecord.h"
+#include "scene/image/Sync.h"
 #include "scene/view/ViewScene.h"
 
 #include <memory>
 #include <unordered_set>
+#include <vector>
 
 namespace nalt {
 
@@ -47,37 +48,53 @@ void hang(osg::Group& root, osg::Node* child, bool shown)
 
 } // namespace
 
-void CornerMarks::update(osg::Node& model, std::uint32_t bits, const ViewStyle& style,
-                         const ViewportPreferences& preferences, const Selections& selections)
+void CornerMarks::watch(SelectionSet* selections)
 {
-  hang(*root_, normals_.geode(), style.normals);
-  hang(*root_, numbers_.group(), style.vertexNumbers);
-  if (style.normals)
-    updateNormals(model, bits, preferences, selections);
-  else
-    normals_.clear();
-  if (style.vertexNumbers)
-    numbers_.update(model, bits);
-  else
-    numbers_.clear();
+  if (selections == selections_) return;
+  SelectionListener* const self = this;
+  if (selections_) std::erase(selections_->listeners, self);
+  selections_ = selections;
+  if (selections_) selections_->listeners.push_back(self);
+  selectionChanged_ = true;
 }
 
-void CornerMarks::updateNormals(osg::Node& model, std::uint32_t bits, const ViewportPreferences& preferences,
-                                const Selections& selections)
+void CornerMarks::selectionChanged(bool)
+{
+  selectionChanged_ = true;
+}
+
+void CornerMarks::update(const Sync& scene, std::uint32_t bits, const ViewStyle& style,
+                         const ViewportPreferences& preferences)
 {
   NormalLines::Settings settings;
   settings.length = preferences.normalsScale;
   settings.color = preferences.normalsColor;
   settings.copies = preferences.normalsEverywhere;
   settings.onlySelection = preferences.normalsOnlySelection;
-  if (settings.onlySelection)
-    normals_.update(model, bits, settings, IsSelected(selections));
+  const Source source{scene.root(), scene.revision(), bits, style.vertexNumbers, style.normals, settings};
+  const bool selectionCounts = style.normals && settings.onlySelection;
+  if (source == source_ && !(selectionCounts && selectionChanged_)) return;
+  source_ = source;
+  selectionChanged_ = false;
+
+  hang(*root_, normals_.geode(), style.normals);
+  hang(*root_, numbers_.group(), style.vertexNumbers);
+  const Selections nothing;
+  if (!style.normals)
+    normals_.clear();
+  else if (settings.onlySelection)
+    normals_.update(*scene.root(), bits, settings, IsSelected(selections_ ? selections_->current() : nothing));
   else
-    normals_.update(model, bits, settings);
+    normals_.update(*scene.root(), bits, settings);
+  if (style.vertexNumbers)
+    numbers_.update(*scene.root(), bits);
+  else
+    numbers_.clear();
 }
 
 void CornerMarks::clear()
 {
+  source_ = {};
   normals_.clear();
   numbers_.clear();
 }

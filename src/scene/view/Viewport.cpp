@@ -139,6 +139,7 @@ void Viewport::bind(Model& model, std::uint32_t bit)
 {
   model_ = &model;
   traversalMask_ = bit;
+  cornerMarks_.watch(&model.selections());
   sceneView_->setCullMask(bit);
   setModelNode(model.sceneRoot());
   scene_.setExtras(model.sceneExtras());
@@ -152,6 +153,7 @@ void Viewport::unbind()
   shrinkPolygons(false);
   model_ = nullptr;
   active_ = false;
+  cornerMarks_.watch(nullptr);
   cornerMarks_.clear();
   scene_.setModel(nullptr);
   scene_.setExtras(nullptr);
@@ -357,8 +359,8 @@ void Viewport::draw()
   camera_->handle(events_->frame(now), actions_);
   camera_->updateProjection();
   sceneView_->setViewMatrix(camera_->getInverseMatrix());
-  if (model_ && scene_.model())
-    cornerMarks_.update(*scene_.model(), traversalMask_, style_, preferences_, model_->selections().current());
+  if (const Sync* const sync = model_ ? model_->sync() : nullptr)
+    cornerMarks_.update(*sync, traversalMask_, style_, preferences_);
   sceneView_->update();
   sceneView_->cull();
   drawBackground(w(), h(), preferences_.backgroundTop, preferences_.backgroundBottom);

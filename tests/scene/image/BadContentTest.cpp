@@ -278,12 +278,55 @@ TEST_F(BadContent, RunLengthsOfASoundImageAreRead)
   EXPECT_EQ(*texture->getImage(0)->data(3, 0), 0x50);
 }
 
-TEST_F(BadContent, AnUnknownPrimitiveIsToldOnceForEachTranslation)
+TEST_F(BadContent, AnUnknownPrimitiveIsToldOnceHoweverOftenItIsTranslated)
 {
   auto& mesh = build.add<MeshRecord>(object);
   setPool(build, mesh, {{0, 0, 0}, {1, 0, 0}, {0, 1, 0}});
   addPrimitive(build, mesh, 9, {0, 1, 2});
   const LogCapture log;
-  sync();
+  sync().update(mesh);
+  sync().translateAll();
   EXPECT_EQ(log.text(), "Mesh: Unknown primitive type\n");
+}
+
+TEST_F(BadContent, AVertexOfNoKnownKindIsToldOnceAndDrawnAsItStands)
+{
+  auto& face = build.square(object, 0, 0, red);
+  fltapi::storeAt(face.vertexAt(2)->data(), std::int16_t{99});
+  const LogCapture log;
+  sync().update(face);
+  EXPECT_EQ(log.text(), "Failed to get Vertex op code.\n");
+  EXPECT_EQ(polygon(face).getCount(), 4);
+  EXPECT_NEAR(areaOf(geometry(face)), 1, 1e-5);
+}
+
+TEST_F(BadContent, AFaceOfNoFileIsDrawnWithoutColorAndMaterial)
+{
+  auto& face = build.square(object, 0, 0, red);
+  face.set(FaceRecord::fields.flags, 0);
+  face.set(FaceRecord::fields.colorIndex, 200);
+  face.set(FaceRecord::fields.lightMode, FaceRecord::lit);
+  face.set(FaceRecord::fields.material, std::int16_t{0});
+  sync();
+  face.setFile(nullptr);
+  const LogCapture log;
+  sync().update(face);
+  EXPECT_THAT(log.text(), testing::HasSubstr("No FLT file found for retrieving color palette.\n"));
+  EXPECT_THAT(log.text(), testing::HasSubstr("No FLT file found for retrieving material palette.\n"));
+  EXPECT_EQ(color(face), osg::Vec4ub(255, 255, 255, 255));
+}
+
+TEST_F(BadContent, AFaceOfNoFileIsDrawnWithoutTextureAndShader)
+{
+  auto& face = build.square(object, 0, 0, red);
+  face.set(FaceRecord::fields.texture, std::int16_t{0});
+  face.set(FaceRecord::fields.shader, std::int16_t{0});
+  sync();
+  face.setFile(nullptr);
+  const LogCapture log;
+  sync().update(face);
+  EXPECT_THAT(log.text(), testing::HasSubstr("No FLT file found for retrieving texture palette.\n"));
+  EXPECT_THAT(log.text(), testing::HasSubstr("No FLT file found for retrieving shader palette.\n"));
+  EXPECT_EQ(stateSet(face).getTextureAttribute(0, osg::StateAttribute::TEXTURE), nullptr);
+  EXPECT_EQ(stateSet(face).getAttribute(osg::StateAttribute::PROGRAM), nullptr);
 }

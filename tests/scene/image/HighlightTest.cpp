@@ -289,3 +289,29 @@ TEST_F(Highlighting, OutlivesItsModelHarmlessly)
   view_->draw();
   EXPECT_EQ(view_->drawnPixels(), 0);
 }
+
+TEST_F(Highlighting, FollowsShrunkPolygons)
+{
+  auto& face = block(object, 0, 0, 10);
+  auto& partly = block(object, 20, 0, 10); // out of sight
+  mark(face);
+  markCorner(partly, 0, Mark::selected);
+  draw();
+  EXPECT_TRUE(isHighlighted(9.7, 3, 9.9, 7));
+  sync().setShrinkingBits(1);
+  draw();
+  EXPECT_FALSE(isHighlighted(9.7, 3, 9.9, 7));
+  EXPECT_TRUE(isHighlighted(9.3, 3, 9.7, 7));
+}
+
+TEST_F(Highlighting, FollowsCornersAndEdgesOfShrunkPolygons)
+{
+  auto& face = block(object, 0, 0, 10);
+  markCorner(face, 0, Mark::selected);
+  markCorner(face, 1, Mark::edge);
+  sync().setShrinkingBits(1);
+  draw();
+  EXPECT_GT(white(0.3, 0.3, 0.7, 0.7), 0);
+  EXPECT_EQ(white(0, 0, 0.1, 0.1), 0);
+  EXPECT_TRUE(isHighlighted(9.3, 3, 9.7, 7));
+}

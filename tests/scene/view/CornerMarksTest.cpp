@@ -1,6 +1,7 @@
 #include "scene/view/CornerMarks.h"
 
 #include "core/selection/SelectOperations.h"
+#include "scene/image/DofPreview.h"
 #include "scene/view/ViewportCount.h"
 #include "tests/scene/view/SmallScene.h"
 
@@ -22,9 +23,30 @@ public:
   unsigned count = 0;
 };
 
+/// Counts who comes by.
+class VisitCount : public osg::Node {
+public:
+  void accept(osg::NodeVisitor& visitor) override
+  {
+    ++count;
+    osg::Node::accept(visitor);
+  }
+  int count = 0;
+};
+
 class CornerMarksTest : public SmallScene {
 protected:
-  void update() { marks.update(*model->sceneRoot(), view->bits(), style, preferences, model->selections().current()); }
+  void SetUp() override
+  {
+    SmallScene::SetUp();
+    marks.watch(&model->selections());
+  }
+  void TearDown() override
+  {
+    marks.watch(nullptr);
+    SmallScene::TearDown();
+  }
+  void update() { marks.update(*model->sync(), view->bits(), style, preferences); }
   unsigned vertexCount()
   {
     VertexCount visitor;
@@ -81,6 +103,66 @@ TEST_F(CornerMarksTest, NumbersStandAtTheCorners)
   update();
   EXPECT_EQ(marks.root()->getNumChildren(), 1U);
   EXPECT_TRUE(marks.root()->getBound().valid());
+}
+
+TEST_F(CornerMarksTest, NothingIsLookedAtWhileNothingChanges)
+{
+  const osg::ref_ptr<VisitCount> visits = new VisitCount;
+  model->sceneRoot()->addChild(visits);
+  style.normals = true;
+  style.vertexNumbers = true;
+  preferences.normalsOnlySelection = true;
+  select(*first);
+  update();
+  const int before = visits->count;
+  EXPECT_GT(before, 0);
+  update();
+  update();
+  EXPECT_EQ(visits->count, before);
+  select(*second);
+  update();
+  EXPECT_GT(visits->count, before);
+}
+
+TEST_F(CornerMarksTest, NormalsFollowEditsOfWhatIsSelected)
+{
+  style.normals = true;
+  preferences.normalsOnlySelection = true;
+  select(*first);
+  update();
+  first->vertexAt(0)->setPosition({0, 0, 7});
+  model->sync()->update(*first);
+  update();
+  EXPECT_GT(marks.root()->getBound().center().z() + marks.root()->getBound().radius(), 7);
+}
+
+TEST_F(CornerMarksTest, NormalsOfAnotherSceneTakeTheirPlace)
+{
+  style.normals = true;
+  update();
+  EXPECT_EQ(vertexCount(), 2U * 6U);
+  Model other(0, 0, 400, 300);
+  other.createEmpty();
+  other.sync()->translateAll();
+  marks.update(*other.sync(), view->bits(), style, preferences);
+  EXPECT_EQ(vertexCount(), 0U);
+}
+
+TEST_F(CornerMarksTest, MovingAPreviewedNodeMovesItsNormals)
+{
+  auto* dof = make<fltapi::DofRecord>(*model->fltFile()->header());
+  object = make<fltapi::ObjectRecord>(*dof);
+  makeFace();
+  model->sync()->translateAll();
+  style.normals = true;
+  update();
+  const double before = marks.root()->getBound().radius();
+  DofPreview preview(*model->sync());
+  DofValues values = currentDofValues(*dof);
+  values[0] = 100;
+  preview.move(*dof, values);
+  update();
+  EXPECT_GT(marks.root()->getBound().radius(), before + 40);
 }
 
 TEST_F(CornerMarksTest, ShrunkPolygonsAreAMatterOfOneViewport)
