@@ -52,10 +52,12 @@ inline osg::ref_ptr<fltapi::FltFile> makeGrid(int quads)
   return file;
 }
 
-/// The same as a file; made once and kept in the folder for temporary files.
+/// The same as a file; made once and kept in the build folder.
 inline std::string gridFile(int quads)
 {
-  const auto path = std::filesystem::temp_directory_path() / ("nalt-upright-grid-" + std::to_string(quads) + ".flt");
+  const std::filesystem::path folder = NALT_BENCH_DATA;
+  std::filesystem::create_directories(folder);
+  const auto path = folder / ("upright-grid-" + std::to_string(quads) + ".flt");
   if (!std::filesystem::exists(path)) makeGrid(quads)->save(path);
   return path;
 }
