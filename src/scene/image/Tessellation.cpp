@@ -1,5 +1,7 @@
 #include "scene/image/Tessellation.h"
 
+#include "scene/image/EarClipping.h"
+
 #include <osg/GLU>
 
 #include <algorithm>
@@ -84,21 +86,29 @@ std::pair<int, int> planeOf(const osg::Vec3d& normal)
   return y >= x ? std::pair(2, 0) : std::pair(1, 2);
 }
 
-/// Whether the tessellator would take minutes for a polygon. It looks at each crossing of edges, for each corner at the
-/// edges that are as far along as it is, and for each turn back at all the rest; a contour that somebody drew has few
-/// of them.
-bool isTangle(std::span<const osg::Vec3> corners, const osg::Vec3d& normal)
+/// The polygon in that plane, counterclockwise.
+std::vector<osg::Vec2d> flattened(std::span<const osg::Vec3> corners, const osg::Vec3d& normal)
 {
-  constexpr std::size_t fewCorners = 2000;
+  auto [u, v] = planeOf(normal);
+  if (normal[3 - u - v] < 0) std::swap(u, v);
+  std::vector<osg::Vec2d> places;
+  places.reserve(corners.size());
+  for (const auto& corner : corners)
+    places.emplace_back(corner[u], corner[v]);
+  return places;
+}
+
+constexpr std::size_t fewCorners = 2000;
+
+/// Whether the tessellator would take seconds for a polygon, or minutes. It looks for each corner at the edges that are
+/// as far along as it is, and for each turn back at all the rest.
+bool sweepsSlowly(std::span<const osg::Vec3> corners, const osg::Vec3d& normal)
+{
   constexpr double mostSteps = 5e7;
   constexpr double mostStepsForTurns = 5e8; // each is quick
-  constexpr int pairs = 20'000;
-  constexpr double mostCrossings = 1e6;
   const auto count = corners.size();
-  if (count <= fewCorners) return false;
   const auto edges = static_cast<double>(count);
-  const auto [u, v] = planeOf(normal);
-
+  const auto u = planeOf(normal).first;
   double lowest = corners[0][u];
   double highest = lowest;
   double way = 0;
@@ -113,9 +123,18 @@ bool isTangle(std::span<const osg::Vec3> corners, const osg::Vec3d& normal)
     const bool isForward = step > 0;
     turns += isForward != std::exchange(wasForward, isForward);
   }
-  if (highest > lowest && edges * way / (highest - lowest) > mostSteps) return true;
-  if (edges * turns > mostStepsForTurns) return true;
+  const bool isDense = highest > lowest && edges * way / (highest - lowest) > mostSteps;
+  return isDense || edges * turns > mostStepsForTurns;
+}
 
+/// Whether the edges cross so often that looking at each crossing takes minutes.
+bool isTangle(std::span<const osg::Vec3> corners, const osg::Vec3d& normal)
+{
+  constexpr int pairs = 20'000;
+  constexpr double mostCrossings = 1e6;
+  const auto count = corners.size();
+  const auto edges = static_cast<double>(count);
+  const auto [u, v] = planeOf(normal);
   const auto side = [&, u = u, v = v](const osg::Vec3& a, const osg::Vec3& b, const osg::Vec3& c) {
     const double abU = static_cast<double>(b[u]) - a[u];
     const double abV = static_cast<double>(b[v]) - a[v];
@@ -171,7 +190,8 @@ bool isConvex(std::span<const osg::Vec3> corners, const osg::Vec3d& areaNormal)
 
 std::vector<GLuint> tessellate(std::span<const osg::Vec3> corners, const osg::Vec3d& areaNormal)
 {
-  if (isTangle(corners, areaNormal)) return {};
+  if (corners.size() > fewCorners && isTangle(corners, areaNormal)) return {};
+  if (corners.size() > fewCorners && sweepsSlowly(corners, areaNormal)) return clipEars(flattened(corners, areaNormal));
   return Tessellator(corners, areaNormal).take();
 }
 

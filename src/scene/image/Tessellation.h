@@ -16,8 +16,8 @@ osg::Vec3d areaNormal(std::span<const osg::Vec3> corners);
 bool isConvex(std::span<const osg::Vec3> corners, const osg::Vec3d& areaNormal);
 
 /// Corners of triangles, three each, that fill the polygon and turn as it does. Empty when there is nothing to fill.
-/// A polygon whose edges cross gets triangles between its own corners, since none can be made up here; one of
-/// many corners whose edges cross nearly everywhere is only a fan.
+/// A polygon whose edges cross gets triangles between its own corners, since none can be made up here; a scribble of
+/// thousands of corners whose edges cross nearly everywhere gets none, and so a fan.
 std::vector<GLuint> tessellate(std::span<const osg::Vec3> corners, const osg::Vec3d& areaNormal);
 
 } // namespace nalt
