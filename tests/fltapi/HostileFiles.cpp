@@ -4,12 +4,11 @@
 #include "fltapi/visitors/VertexVisitors.h"
 #include "tests/fltapi/support/SameBytes.h"
 #include "tests/fltapi/support/Workbench.h"
+#include "tests/support/ProcessorTime.h"
 
 #include <gmock/gmock.h>
 
-#include <chrono>
 #include <filesystem>
-#include <functional>
 #include <malloc.h>
 #include <random>
 #include <sys/stat.h>
@@ -22,13 +21,6 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
-
-double secondsFor(const std::function<void()>& work)
-{
-  const auto start = std::chrono::steady_clock::now();
-  work();
-  return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-}
 
 /// What the program does with every document: look at it, copy it, save it, load it again.
 void use(Workbench& bench, FltFile& file)
@@ -56,12 +48,12 @@ TEST(HostileFiles, loadOrAreRefusedWithAMessage)
     SCOPED_TRACE(hostile.name);
     Workbench bench;
     osg::ref_ptr<FltFile> file;
-    EXPECT_LT(secondsFor([&] { file = bench.tryToLoad(hostile.bytes); }), 2.0);
+    EXPECT_LT(processorSeconds([&] { file = bench.tryToLoad(hostile.bytes); }), 2.0);
     if (hostile.loads) {
       EXPECT_EQ(file != nullptr, *hostile.loads) << testing::PrintToString(bench.host.warnings);
     }
     if (file) {
-      EXPECT_LT(secondsFor([&] { use(bench, *file); }), 5.0);
+      EXPECT_LT(processorSeconds([&] { use(bench, *file); }), 5.0);
       continue;
     }
     auto messages = bench.host.errors;

@@ -2,9 +2,9 @@
 #include "tests/scene/image/MeshBuilder.h"
 #include "tests/scene/image/OffscreenView.h"
 #include "tests/scene/image/SyncFixture.h"
+#include "tests/support/ProcessorTime.h"
 #include "tests/support/TempFolder.h"
 
-#include <chrono>
 #include <functional>
 #include <limits>
 #include <numbers>
@@ -34,12 +34,6 @@ protected:
     view->lookAlong({0, 0, -1}, {0, 1, 0});
     view->draw();
     EXPECT_GT(view->drawnPixels(), 50);
-  }
-  static double secondsOf(const std::function<void()>& work)
-  {
-    const auto start = std::chrono::steady_clock::now();
-    work();
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
   }
 };
 
@@ -181,12 +175,12 @@ TEST_F(BadContent, APolygonOfAHundredThousandCornersIsFilledAtOnce)
   constexpr int corners = 100'000;
   const auto flower = [](int i) { return 10 + 2 * std::cos(5 * 2 * std::numbers::pi * i / corners); };
   auto& bent = build.face(object, ring(corners, flower), red);
-  double seconds = secondsOf([&] { sync(); });
+  double seconds = processorSeconds([&] { sync(); });
   EXPECT_LT(seconds, 20);
   EXPECT_NEAR(areaOf(geometry(bent)), std::numbers::pi * (100 + 4 / 2), 0.01);
 
   auto& plain = build.face(object, ring(corners, [](int) { return 3; }), green);
-  seconds = secondsOf([&] { sync().translate(plain); });
+  seconds = processorSeconds([&] { sync().translate(plain); });
   EXPECT_LT(seconds, 20);
   EXPECT_EQ(polygon(plain).getCount(), corners);
 }
@@ -195,7 +189,7 @@ TEST_F(BadContent, StarsWithAHundredThousandRaysTakeNoTime)
 {
   build.face(object, ring(100'000, [](int i) { return i % 2 ? 10 : 1; }), red);
   build.face(object, ring(100'000, [](int i) { return i % 2 ? 10 : 9.99; }), red);
-  EXPECT_LT(secondsOf([&] { sync(); }), 20);
+  EXPECT_LT(processorSeconds([&] { sync(); }), 20);
   expectFramed();
 }
 
@@ -207,7 +201,7 @@ TEST_F(BadContent, ATangleOfManyCornersTakesNoTime)
   for (int i = 0; i < 100'000; ++i)
     points.emplace_back(anywhere(random), anywhere(random), 0);
   build.face(object, points, red);
-  EXPECT_LT(secondsOf([&] { sync(); }), 20);
+  EXPECT_LT(processorSeconds([&] { sync(); }), 20);
   expectFramed();
 }
 
