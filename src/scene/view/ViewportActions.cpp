@@ -23,19 +23,23 @@ constexpr int shifted(char letter)
   return FL_SHIFT | letter;
 }
 
-template <Appearance wanted>
-void setAppearance(Viewport& viewport)
+/// Gives one field of the style that value.
+template <auto field, auto value>
+void choose(Viewport& viewport)
 {
   ViewStyle style = viewport.style();
-  style.appearance = wanted;
+  style.*field = value;
   viewport.setStyle(style);
 }
 
-template <Appearance wanted>
-bool hasAppearance(const Viewport& viewport)
+template <auto field, auto value>
+bool isChosen(const Viewport& viewport)
 {
-  return viewport.style().appearance == wanted;
+  return viewport.style().*field == value;
 }
+
+constexpr auto appearance = &ViewStyle::appearance;
+constexpr auto gridDepth = &ViewStyle::gridDepth;
 
 void nextAppearance(Viewport& viewport)
 {
@@ -130,20 +134,6 @@ bool showsGrid(const Viewport& viewport)
   return viewport.showsGrid();
 }
 
-template <GridDepth depth>
-void setGridDepth(Viewport& viewport)
-{
-  ViewStyle style = viewport.style();
-  style.gridDepth = depth;
-  viewport.setStyle(style);
-}
-
-template <GridDepth depth>
-bool hasGridDepth(const Viewport& viewport)
-{
-  return viewport.style().gridDepth == depth;
-}
-
 void alignToVertices(Viewport& viewport)
 {
   viewport.gridPlacement().toggleAligning();
@@ -190,12 +180,12 @@ const ViewportAction actions[] = {
     {"Viewpoint", "Recall View", 'q', recallView, nullptr},
     {"Viewpoint", "Fit To Selection", 'v', fitToSelection, nullptr},
     {"Viewpoint", "Fit In View", ' ', fitInView, nullptr},
-    {"Appearance", "Scribed", 'w', setAppearance<Appearance::scribed>, hasAppearance<Appearance::scribed>, true,
+    {"Appearance", "Scribed", 'w', choose<appearance, Appearance::scribed>, isChosen<appearance, Appearance::scribed>,
+     true, nextAppearance},
+    {"Appearance", "Solid", 'w', choose<appearance, Appearance::solid>, isChosen<appearance, Appearance::solid>, true,
      nextAppearance},
-    {"Appearance", "Solid", 'w', setAppearance<Appearance::solid>, hasAppearance<Appearance::solid>, true,
-     nextAppearance},
-    {"Appearance", "Wireframe", 'w', setAppearance<Appearance::wireframe>, hasAppearance<Appearance::wireframe>, true,
-     nextAppearance},
+    {"Appearance", "Wireframe", 'w', choose<appearance, Appearance::wireframe>,
+     isChosen<appearance, Appearance::wireframe>, true, nextAppearance},
     {"Appearance", "Draw Wireframe Backface", 0, toggle<&ViewStyle::wireframeBackface>,
      isSet<&ViewStyle::wireframeBackface>},
     {"Appearance", "Texture On", 't', toggle<&ViewStyle::texture>, isSet<&ViewStyle::texture>},
@@ -210,9 +200,11 @@ const ViewportAction actions[] = {
     {"Grid", "Align To Vertices", 'a', alignToVertices, nullptr},
     {"Grid", "Align To Polygon", 'f', alignGridToPolygon, nullptr},
     {"Grid", "Translate Origin", 0, translateOrigin, nullptr},
-    {"Grid", "Z-buffer", 0, setGridDepth<GridDepth::zBuffer>, hasGridDepth<GridDepth::zBuffer>, true},
-    {"Grid", "Always On Top", 0, setGridDepth<GridDepth::alwaysOnTop>, hasGridDepth<GridDepth::alwaysOnTop>, true},
-    {"Grid", "Never On Top", 0, setGridDepth<GridDepth::neverOnTop>, hasGridDepth<GridDepth::neverOnTop>, true},
+    {"Grid", "Z-buffer", 0, choose<gridDepth, GridDepth::zBuffer>, isChosen<gridDepth, GridDepth::zBuffer>, true},
+    {"Grid", "Always On Top", 0, choose<gridDepth, GridDepth::alwaysOnTop>, isChosen<gridDepth, GridDepth::alwaysOnTop>,
+     true},
+    {"Grid", "Never On Top", 0, choose<gridDepth, GridDepth::neverOnTop>, isChosen<gridDepth, GridDepth::neverOnTop>,
+     true},
     {"Grid", "Increase Grid Size", '=', increaseGrid, nullptr, false, nullptr, FL_KP + '+'},
     {"Grid", "Decrease Grid Size", '-', decreaseGrid, nullptr, false, nullptr, FL_KP + '-'},
     {"Grid", "Double Grid Size", shifted('='), doubleGrid, nullptr, false, nullptr, FL_SHIFT | (FL_KP + '+')},

@@ -1,5 +1,7 @@
 #include "tests/scene/image/OffscreenView.h"
 
+#include "tests/support/Surroundings.h"
+
 #include <EGL/egl.h>
 #include <EGL/eglext.h>
 #include <osg/FrameStamp>
@@ -171,7 +173,7 @@ double OffscreenView::coverage() const
 
 void OffscreenView::save(const std::string& name) const
 {
-  const auto folder = std::filesystem::path("screens");
+  const auto folder = std::filesystem::path(picturesFolder);
   std::filesystem::create_directories(folder);
   osgDB::writeImageFile(*context_->image, folder / (name + ".png"));
 }

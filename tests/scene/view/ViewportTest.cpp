@@ -1,13 +1,7 @@
 #include "scene/view/Viewport.h"
 
-#include "core/Model.h"
-#include "core/Preferences.h"
-#include "core/Shell.h"
-#include "scene/view/ViewportActions.h"
-#include "scene/view/ViewportLayout.h"
-#include "tests/core/RecordingShell.h"
+#include "tests/scene/view/ViewportFixture.h"
 
-#include <gtest/gtest.h>
 #include <osg/Geode>
 #include <osg/Geometry>
 
@@ -34,30 +28,7 @@ osg::ref_ptr<osg::Group> triangle(float size)
   return group;
 }
 
-class ViewportTest : public testing::Test {
-protected:
-  void SetUp() override
-  {
-    Preferences::get() = Preferences();
-    before_ = Shell::install(&shell);
-    model = std::make_unique<Model>(0, 0, 800, 600);
-    model->createEmpty();
-    createViewports(*model, 1);
-    view = dynamic_cast<Viewport*>(model->viewports().front());
-  }
-  void TearDown() override
-  {
-    model.reset();
-    Shell::install(before_);
-  }
-
-  RecordingShell shell;
-  std::unique_ptr<Model> model;
-  Viewport* view = nullptr;
-
-private:
-  Shell* before_ = nullptr;
-};
+using ViewportTest = ViewportFixture;
 
 } // namespace
 
