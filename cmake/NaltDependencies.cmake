@@ -1,4 +1,5 @@
-# One place for what comes from outside. Targets: nalt::osg, nalt::fltk, nalt::gl, PkgConfig::LUA, LibXml2::LibXml2.
+# One place for what comes from outside. Targets: nalt::osg, nalt::fltk, nalt::gl, PkgConfig::LUA,
+# PkgConfig::SPNAV, LibXml2::LibXml2.
 set(OpenGL_GL_PREFERENCE GLVND)
 set(FLTK_SKIP_FLUID ON)
 set(FLTK_SKIP_FORMS ON)
@@ -11,6 +12,7 @@ find_package(Threads REQUIRED)
 find_package(PkgConfig REQUIRED)
 # The C++ build of Lua: an error then unwinds destructors instead of jumping over them.
 pkg_check_modules(LUA REQUIRED IMPORTED_TARGET lua5.2-c++)
+pkg_check_modules(SPNAV REQUIRED IMPORTED_TARGET spnav)
 
 add_library(nalt_osg INTERFACE)
 target_include_directories(nalt_osg SYSTEM INTERFACE ${OPENSCENEGRAPH_INCLUDE_DIRS})

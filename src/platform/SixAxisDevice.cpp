@@ -1,42 +1,36 @@
 #include "platform/SixAxisDevice.h"
 
+#include <spnav.h>
 #include <sys/socket.h>
-#include <sys/un.h>
-#include <unistd.h>
 
 #include <cerrno>
-#include <cstdint>
-#include <cstdlib>
-#include <cstring>
 
 namespace nalt {
 
 namespace {
 
-constexpr const char* usualSocket = "/var/run/spnav.sock";
-constexpr int motion = 0;
-constexpr int press = 1;
-constexpr int letGo = 2;
+/// What the daemon has sent and nobody has read.
+enum class Waiting { nothing, something, goodbye };
 
-std::string socketPath()
+Waiting whatWaits(int descriptor)
 {
-  const char* named = std::getenv("SPNAV_SOCKET");
-  return named && *named ? named : usualSocket;
+  char first = 0;
+  const ssize_t count = recv(descriptor, &first, 1, MSG_PEEK | MSG_DONTWAIT);
+  if (count > 0 || (count < 0 && errno == EINTR)) return Waiting::something;
+  return count < 0 && (errno == EAGAIN || errno == EWOULDBLOCK) ? Waiting::nothing : Waiting::goodbye;
+}
+
+/// The daemon's z goes away from the user, which also turns the sense of the other two rotations round.
+SixAxisMotion motionOf(const spnav_event_motion& event)
+{
+  return {{event.x, event.y, -event.z}, {-event.rx, -event.ry, event.rz}};
 }
 
 } // namespace
 
-SixAxisDevice::SixAxisDevice() : SixAxisDevice(socketPath()) {}
-
-SixAxisDevice::SixAxisDevice(const std::string& socketPath)
+SixAxisDevice::SixAxisDevice()
 {
-  sockaddr_un address{};
-  address.sun_family = AF_UNIX;
-  if (socketPath.size() >= sizeof(address.sun_path)) return;
-  std::memcpy(address.sun_path, socketPath.c_str(), socketPath.size() + 1);
-  descriptor_ = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
-  if (descriptor_ < 0) return;
-  if (connect(descriptor_, reinterpret_cast<const sockaddr*>(&address), sizeof(address)) != 0) close();
+  if (spnav_open() == 0) descriptor_ = spnav_fd();
 }
 
 SixAxisDevice::~SixAxisDevice()
@@ -46,32 +40,33 @@ SixAxisDevice::~SixAxisDevice()
 
 void SixAxisDevice::close()
 {
-  if (descriptor_ >= 0) ::close(descriptor_);
+  if (isConnected()) spnav_close();
   descriptor_ = -1;
 }
 
 std::optional<SixAxisDevice::Event> SixAxisDevice::poll()
 {
   while (isConnected()) {
-    const ssize_t count = read(descriptor_, message_.data() + received_, message_.size() - received_);
-    if (count < 0 && errno == EINTR) continue;
-    if (count < 0 && (errno == EAGAIN || errno == EWOULDBLOCK)) return std::nullopt;
-    if (count <= 0) {
-      close();
-      return std::nullopt;
+    spnav_event event{};
+    switch (spnav_poll_event(&event)) {
+    case SPNAV_EVENT_MOTION:
+      return motionOf(event.motion);
+    case SPNAV_EVENT_BUTTON:
+      return SixAxisButton{event.button.bnum, event.button.press != 0};
+    case 0:
+      break; // nothing, or what the library doesn't know: more may wait behind it
+    default:
+      continue;
     }
-    received_ += static_cast<std::size_t>(count);
-    if (received_ < message_.size()) continue;
-    received_ = 0;
-
-    // Eight numbers: the kind, then for motions three translations, three rotations and a time. The daemon's z goes
-    // away from the user, which also turns the sense of the other two rotations round.
-    std::array<std::int32_t, 8> numbers{};
-    static_assert(sizeof(numbers) == sizeof(message_));
-    std::memcpy(numbers.data(), message_.data(), message_.size());
-    if (numbers[0] == motion)
-      return SixAxisMotion{{numbers[1], numbers[2], -numbers[3]}, {-numbers[4], -numbers[5], numbers[6]}};
-    if (numbers[0] == press || numbers[0] == letGo) return SixAxisButton{numbers[1], numbers[0] == press};
+    switch (whatWaits(descriptor_)) {
+    case Waiting::nothing:
+      return std::nullopt;
+    case Waiting::something:
+      break;
+    case Waiting::goodbye:
+      close();
+      break;
+    }
   }
   return std::nullopt;
 }

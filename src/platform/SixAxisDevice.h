@@ -2,7 +2,6 @@
 
 #include <array>
 #include <optional>
-#include <string>
 #include <variant>
 
 namespace nalt {
@@ -21,13 +20,13 @@ struct SixAxisButton {
   bool pressed = false;
 };
 
-/// A six-axis controller, as the daemon of such devices (spacenavd) tells of it through a socket. Most computers have
-/// none, which is no trouble.
+/// The six-axis controller that the daemon of such devices (spacenavd) tells of. Most computers have none, which is no
+/// trouble. The library below knows one connection a process, so there is at most one object at a time.
 class SixAxisDevice {
 public:
-  /// Connects to the daemon, whose socket the environment may name. An object without a connection stays silent.
+  /// Connects to the daemon, whose socket the environment may name in SPNAV_SOCKET. An object without a connection
+  /// stays silent.
   SixAxisDevice();
-  explicit SixAxisDevice(const std::string& socketPath);
   ~SixAxisDevice();
   SixAxisDevice(const SixAxisDevice&) = delete;
   SixAxisDevice& operator=(const SixAxisDevice&) = delete;
@@ -37,7 +36,7 @@ public:
   int descriptor() const { return descriptor_; }
 
   using Event = std::variant<SixAxisMotion, SixAxisButton>;
-  /// The next thing that happened; none when there is nothing new. Never waits. A daemon that goes away ends the
+  /// The next motion or button; none when there is nothing new. Never waits. A daemon that goes away ends the
   /// connection.
   std::optional<Event> poll();
 
@@ -45,8 +44,6 @@ private:
   void close();
 
   int descriptor_ = -1;
-  std::array<char, 32> message_{};
-  std::size_t received_ = 0;
 };
 
 } // namespace nalt

@@ -1,5 +1,6 @@
 #include "platform/SixAxisDevice.h"
 
+#include "tests/support/Scoped.h"
 #include "tests/support/TempFolder.h"
 
 #include <gtest/gtest.h>
@@ -46,17 +47,18 @@ class SixAxisDeviceTest : public testing::Test {
 protected:
   tests::TempFolder folder;
   Daemon daemon{folder / "spnav.sock"};
-  SixAxisDevice device{folder / "spnav.sock"};
+  tests::ScopedEnvironment socket{"SPNAV_SOCKET", folder / "spnav.sock"};
+  SixAxisDevice device;
   void SetUp() override { daemon.accept(); }
 };
 
 TEST(SixAxisDevice, WithoutADaemonThereIsNothingAndNoComplaint)
 {
-  SixAxisDevice device("/nonexistent/spnav.sock");
+  const tests::ScopedEnvironment socket("SPNAV_SOCKET", "/nonexistent/spnav.sock");
+  SixAxisDevice device;
   EXPECT_FALSE(device.isConnected());
   EXPECT_EQ(device.descriptor(), -1);
   EXPECT_FALSE(device.poll());
-  EXPECT_FALSE(SixAxisDevice(std::string(500, 'x')).isConnected());
 }
 
 TEST_F(SixAxisDeviceTest, MotionsAndButtonsArriveInOrder)
@@ -84,15 +86,11 @@ TEST_F(SixAxisDeviceTest, MotionsAndButtonsArriveInOrder)
   EXPECT_FALSE(device.poll());
 }
 
-TEST_F(SixAxisDeviceTest, AMessageInPiecesIsPutTogether)
+TEST_F(SixAxisDeviceTest, WhatIsNoMessageIsPassedOver)
 {
-  const std::int32_t motion[8] = {0, 7, 0, 0, 0, 0, 0, 0};
-  daemon.send(motion, 5);
+  daemon.send("abcde", 5);
   EXPECT_FALSE(device.poll());
-  daemon.send(reinterpret_cast<const char*>(motion) + 5, sizeof(motion) - 5);
-  const auto event = device.poll();
-  ASSERT_TRUE(event);
-  EXPECT_EQ(std::get<SixAxisMotion>(*event).translation[0], 7);
+  EXPECT_TRUE(device.isConnected());
 }
 
 TEST_F(SixAxisDeviceTest, UnknownMessagesArePassedOver)
