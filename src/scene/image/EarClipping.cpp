@@ -61,7 +61,8 @@ private:
   int row(double y) const { return cellOf(y, low_.y(), high_.y()); }
   int cellOf(double at, double low, double high) const
   {
-    return high > low ? std::min(static_cast<int>((at - low) / (high - low) * count_), count_ - 1) : 0;
+    const double along = (at - low) / (high - low) * count_;
+    return along > 0 ? static_cast<int>(std::min<double>(along, count_ - 1)) : 0; // 0, too, for what is no number
   }
 
   Point low_;

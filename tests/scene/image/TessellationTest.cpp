@@ -3,10 +3,13 @@
 #include "scene/image/EarClipping.h"
 #include "tests/support/ProcessorTime.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <functional>
+#include <limits>
 #include <numbers>
 #include <random>
 
@@ -147,6 +150,18 @@ TEST(Ears, OfFewerThanThreeCornersAreNone)
 {
   EXPECT_TRUE(earsOf({}).empty());
   EXPECT_TRUE(earsOf({{0, 0, 0}, {1, 0, 0}}).empty());
+}
+
+TEST(Ears, OfWhatIsNoNumberStayWithinTheirCorners)
+{
+  const double nan = std::numeric_limits<double>::quiet_NaN();
+  const double infinity = std::numeric_limits<double>::infinity();
+  const std::vector<osg::Vec2d> places{{0, 0}, {nan, 0}, {1, 1}, {infinity, 2}, {0.5, -infinity}, {0, nan}};
+  for (std::size_t first = 0; first < places.size(); ++first) {
+    auto corners = places;
+    std::ranges::rotate(corners, corners.begin() + static_cast<std::ptrdiff_t>(first));
+    EXPECT_THAT(clipEars(corners), testing::Each(testing::Lt(corners.size())));
+  }
 }
 
 TEST(Ears, OfAScribbleAreGivenUpInTime)
