@@ -54,6 +54,15 @@ CameraGesture startOf(CameraButton button)
   return CameraGesture::zoomIn;
 }
 
+/// Between frames edits let go of arrays and buffers. OpenSceneGraph knows what it bound last by address and passes
+/// over it when it comes again; a new array at an old one's address would be drawn from a buffer that isn't there.
+void forgetArrays(osg::State& state)
+{
+  state.disableAllVertexArrays();
+  state.unbindVertexBufferObject();
+  state.unbindElementBufferObject();
+}
+
 bool isModifier(int key)
 {
   return key >= FL_Shift_L && key <= FL_Alt_R;
@@ -365,6 +374,7 @@ void Viewport::draw()
   sceneView_->cull();
   drawBackground(w(), h(), preferences_.backgroundTop, preferences_.backgroundBottom);
   sceneView_->draw();
+  forgetArrays(*sceneView_->getState());
   if (capturePending_) readPixels();
   drawOverlays();
 }
