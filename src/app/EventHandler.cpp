@@ -5,6 +5,7 @@
 #include "app/Gui.h"
 #include "app/GuiWidgets.h"
 #include "app/InputGate.h"
+#include "app/MenuKeys.h"
 
 #include <FL/Fl.H>
 #include <FL/Fl_Double_Window.H>
@@ -122,6 +123,7 @@ int EventHandler::handle(int event)
 int EventHandler::dispatch(int event, Fl_Window* window)
 {
   if (const auto answer = answerOfInputGate(event, window)) return *answer;
+  if (installed && Fl::grab() && event == FL_KEYDOWN) return sendToOpenMenu(window);
   if (!installed || Fl::grab() || Fl::modal()) return Fl::handle_(event, window);
   switch (event) {
   case FL_KEYDOWN:
