@@ -1,5 +1,6 @@
 #include "app/FileJob.h"
 
+#include "core/ExternalReferences.h"
 #include "core/Model.h"
 #include "fltapi/FltFile.h"
 
@@ -39,9 +40,14 @@ void import(FileJob& job)
   job.fail("Couldn't import file " + job.path);
 }
 
-void loadExternals(FileJob& job)
+void revertExternals(FileJob& job)
 {
   job.model->fltFile()->readExternals();
+}
+
+void loadExternals(FileJob& job)
+{
+  readExternals(*job.model, job.externals); // what can't be read is a warning
 }
 
 const FileOperation operations[] = {
@@ -51,7 +57,7 @@ const FileOperation operations[] = {
     {FileOperationKind::save, "save", "Save File", "Saving file: %s...", "save (pthread_create)", save},
     {FileOperationKind::import, "import", "Import File", "Importing file: %s...", "importCB (pthread_create)", import},
     {FileOperationKind::revertExternals, "revert externals", "", "Reverting externals...",
-     "revertExternalsCB (pthread_create)", loadExternals},
+     "revertExternalsCB (pthread_create)", revertExternals},
     {FileOperationKind::loadExternals, "load externals", "", "Loading externals...", "loadExternalsCB (pthread_create)",
      loadExternals},
 };

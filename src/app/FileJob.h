@@ -40,15 +40,16 @@ struct FileJob {
 
   FileOperationKind kind;
   std::string path;
-  bool buildScene = false;         ///< false in a run without windows
-  std::unique_ptr<Model> built;    ///< the model under construction of open, revert and import
-  Model* model = nullptr;          ///< the open one that is saved or whose externals are loaded, untouched meanwhile
-  int version = 0;                 ///< that a save writes
-  bool renames = false;            ///< a save to another path than the one before
-  std::unique_ptr<Model> replaced; ///< the model that a revert loads anew; comes back if that fails
-  int place = -1;                  ///< of `replaced` among the tabs
-  std::vector<VPBase*> viewports;  ///< of `replaced`, without a model for the time being; owned
-  std::vector<CameraView> cameras; ///< of `viewports`
+  bool buildScene = false;            ///< false in a run without windows
+  std::unique_ptr<Model> built;       ///< the model under construction of open, revert and import
+  Model* model = nullptr;             ///< the open one that is saved or whose externals are loaded, untouched meanwhile
+  int version = 0;                    ///< that a save writes
+  bool renames = false;               ///< a save to another path than the one before
+  std::unique_ptr<Model> replaced;    ///< the model that a revert loads anew; comes back if that fails
+  int place = -1;                     ///< of `replaced` among the tabs
+  std::vector<VPBase*> viewports;     ///< of `replaced`, without a model for the time being; owned
+  std::vector<CameraView> cameras;    ///< of `viewports`
+  std::vector<std::string> externals; ///< paths of the references that a load of externals is about
   FileJobOptions options;
 
   std::atomic<Outcome> outcome{Outcome::running};

@@ -3,7 +3,9 @@
 #include "app/FileLists.h"
 #include "app/Gui.h"
 #include "app/GuiWidgets.h"
+#include "app/dialogs/Dialogs.h"
 #include "core/Clipboard.h"
+#include "core/ExternalReferences.h"
 #include "core/Externals.h"
 #include "core/LuaText.h"
 #include "core/Model.h"
@@ -152,32 +154,47 @@ bool FileOperations::revert(bool synchronous)
   return run(std::move(job), synchronous);
 }
 
+Model* FileOperations::agreedModel(const char* deed)
+{
+  waitUntilIdle();
+  Model* model = gui_.currentModel();
+  return model && gui_.ask(questionForExternals(deed)) == Answer::yes ? model : nullptr;
+}
+
 bool FileOperations::revertExternals(bool synchronous)
 {
-  waitUntilIdle();
-  Model* model = gui_.currentModel();
-  if (!model || gui_.ask(questionForExternals("revert")) != Answer::yes) return false;
+  Model* model = agreedModel("revert");
+  if (!model) return false;
   dropExternals(*model);
-  return runExternals(FileOperationKind::revertExternals, *model, synchronous);
+  return runExternals(FileOperationKind::revertExternals, *model, {}, synchronous);
 }
 
-bool FileOperations::loadExternals(bool synchronous)
+bool FileOperations::loadExternals(const std::vector<std::string>& paths, bool synchronous)
 {
-  waitUntilIdle();
-  Model* model = gui_.currentModel();
-  if (!model || gui_.ask(questionForExternals("load/unload")) != Answer::yes) return false;
-  dropExternals(*model);
-  return runExternals(FileOperationKind::loadExternals, *model, synchronous);
+  Model* model = agreedModel("load/unload");
+  if (!model) return false;
+  dropExternals(*model, paths);
+  return runExternals(FileOperationKind::loadExternals, *model, paths, synchronous);
 }
 
-bool FileOperations::unloadExternals()
+bool FileOperations::unloadExternals(const std::vector<std::string>& paths)
 {
-  waitUntilIdle();
-  Model* model = gui_.currentModel();
-  if (!model || gui_.ask(questionForExternals("load/unload")) != Answer::yes) return false;
+  Model* model = agreedModel("load/unload");
+  if (!model) return false;
   const WaitCursor cursor;
-  dropExternals(*model);
+  dropExternals(*model, paths);
   return true;
+}
+
+bool FileOperations::redirectExternals(const std::string& path, const std::string& newPath, bool synchronous)
+{
+  Model* model = agreedModel("load/unload");
+  if (!model) return false;
+  if (!nalt::redirectExternals(*model, path, newPath)) {
+    gui_.warning("Couldn't refer to " + newPath + ".\nThe path has more than 199 bytes, or it is the same.");
+    return false;
+  }
+  return runExternals(FileOperationKind::loadExternals, *model, {newPath}, synchronous);
 }
 
 bool FileOperations::reloadChangedExternals(bool synchronous)
@@ -194,13 +211,15 @@ bool FileOperations::reloadChangedExternals(bool synchronous)
     return false;
   }
   dropExternals(*model, changed);
-  return runExternals(FileOperationKind::revertExternals, *model, synchronous);
+  return runExternals(FileOperationKind::revertExternals, *model, changed, synchronous);
 }
 
-bool FileOperations::runExternals(FileOperationKind kind, Model& model, bool synchronous)
+bool FileOperations::runExternals(FileOperationKind kind, Model& model, const std::vector<std::string>& paths,
+                                  bool synchronous)
 {
   auto job = makeJob(kind, model.path());
   job->model = &model;
+  job->externals = paths;
   job->options.loadExternals = job->options.loadExternals || kind == FileOperationKind::loadExternals;
   return run(std::move(job), synchronous);
 }
@@ -235,6 +254,7 @@ bool FileOperations::run(std::unique_ptr<FileJob> job, bool synchronous)
   if (!job->model) job->built = gui_.makeModel();
   job_ = std::move(job);
   gui_.updateWidgets();
+  gui_.dialogs().fileOperationChanged();
   gui_.waitCursor();
   gui_.beginProgress(progressTextFor(fileOperation(job_->kind), job_->path));
   if (synchronous) {
@@ -279,6 +299,7 @@ bool FileOperations::finish()
   // The messages wait in event loops of their own; what they see must be at rest.
   const std::unique_ptr<FileJob> over = std::move(job_);
   gui_.updateWidgets();
+  gui_.dialogs().fileOperationChanged();
   if (done) recordDone(*over);
   showMessages(*over);
   startNext();

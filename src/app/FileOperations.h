@@ -8,6 +8,7 @@
 #include <deque>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace nalt {
 
@@ -33,10 +34,11 @@ public:
   bool revert(bool synchronous);
   /// Asks first, then loads the files anew that the current model refers to.
   bool revertExternals(bool synchronous);
-  /// Asks first, then loads what the current model refers to and isn't loaded, whatever the preferences say, or drops
-  /// all of it.
-  bool loadExternals(bool synchronous);
-  bool unloadExternals();
+  // The references of the current model with these paths, after a question: loading their content anew, whatever the
+  // preferences say; dropping it; making those with one path refer to another file and loading that.
+  bool loadExternals(const std::vector<std::string>& paths, bool synchronous);
+  bool unloadExternals(const std::vector<std::string>& paths);
+  bool redirectExternals(const std::string& path, const std::string& newPath, bool synchronous);
   /// Asks first whether to load those files anew that changed on disk, if the preferences want that and any did.
   bool reloadChangedExternals(bool synchronous);
 
@@ -64,7 +66,9 @@ private:
   std::unique_ptr<FileJob> makeJob(FileOperationKind kind, const std::string& path);
   bool submit(std::unique_ptr<FileJob> job, bool synchronous);
   bool run(std::unique_ptr<FileJob> job, bool synchronous);
-  bool runExternals(FileOperationKind kind, Model& model, bool synchronous);
+  bool runExternals(FileOperationKind kind, Model& model, const std::vector<std::string>& paths, bool synchronous);
+  /// The current model if the user agrees to what `deed` ("revert", say) costs it; else null.
+  Model* agreedModel(const char* deed);
   void showMessages(const FileJob& job);
   void startNext();
   static void poll(void* self);

@@ -2,7 +2,6 @@
 
 #include "core/Externals.h"
 #include "core/Model.h"
-#include "core/WaitCursor.h"
 #include "fltapi/AllRecords.h"
 #include "fltapi/ExternalFiles.h"
 #include "fltapi/visitors/ReadExternalVisitor.h"
@@ -27,15 +26,6 @@ std::vector<ExternalRecord*> referencesTo(const Model& model, const std::vector<
   return references;
 }
 
-/// Unlike the reading of a whole document, this asks no preferences.
-void read(Model& model, const std::vector<std::string>& paths)
-{
-  const fltapi::ExternalFiles::Loading loading(fltapi::canonicalPath(model.fltFile()->path()));
-  fltapi::ReadExternalVisitor visitor(*model.fltFile());
-  for (ExternalRecord* reference : referencesTo(model, paths))
-    visitor.apply(*reference);
-}
-
 } // namespace
 
 std::vector<ExternalReferenceInfo> externalReferencesOf(const Model& model)
@@ -58,20 +48,15 @@ std::vector<ExternalReferenceInfo> externalReferencesOf(const Model& model)
   return infos;
 }
 
-void unloadExternals(Model& model, const std::vector<std::string>& paths)
-{
-  const WaitCursor cursor;
-  dropExternals(model, paths);
-}
-
-bool loadExternals(Model& model, const std::vector<std::string>& paths)
+bool readExternals(Model& model, const std::vector<std::string>& paths)
 {
   if (!model.fltFile()) return false;
-  const WaitCursor cursor;
-  dropExternals(model, paths);
-  read(model, paths);
-  showExternals(model);
-  return std::ranges::all_of(referencesTo(model, paths), &ExternalRecord::referencedFile);
+  const std::vector<ExternalRecord*> references = referencesTo(model, paths);
+  const fltapi::ExternalFiles::Loading loading(fltapi::canonicalPath(model.fltFile()->path()));
+  fltapi::ReadExternalVisitor visitor(*model.fltFile());
+  for (ExternalRecord* reference : references)
+    if (!reference->referencedFile()) visitor.apply(*reference);
+  return std::ranges::all_of(references, &ExternalRecord::referencedFile);
 }
 
 bool redirectExternals(Model& model, const std::string& path, const std::string& newPath)
@@ -79,11 +64,10 @@ bool redirectExternals(Model& model, const std::string& path, const std::string&
   if (newPath.empty() || newPath.size() > longestPath || newPath == path) return false;
   const std::vector<ExternalRecord*> references = referencesTo(model, {path});
   if (references.empty()) return false;
-  unloadExternals(model, {path});
+  dropExternals(model, {path});
   for (ExternalRecord* reference : references)
     reference->set(ExternalRecord::fields.path, newPath);
   model.setDirty(true);
-  loadExternals(model, {newPath});
   return true;
 }
 

@@ -19,16 +19,12 @@ struct ExternalReferenceInfo {
 /// By path, in byte order. Content of the references is left out, with what it refers to in its turn.
 std::vector<ExternalReferenceInfo> externalReferencesOf(const Model& model);
 
-// What can be done with the references of some paths. Each lets go of the selection and of all commands, since both may
-// hold what goes away: whoever calls them has asked the user. The scene follows.
-
-/// Drops the content that is shown.
-void unloadExternals(Model& model, const std::vector<std::string>& paths);
-/// Loads the content anew, whatever the preferences say about opening models. False when one of them has none after
-/// that; a warning has said which.
-bool loadExternals(Model& model, const std::vector<std::string>& paths);
-/// Makes references to `path` refer to `newPath` (at most 199 bytes) and loads that. The model is dirty then. False
-/// when nothing was changed.
+/// Reads what references with one of these paths and without content refer to, whatever the preferences say about
+/// opening models. A worker may call it: the scene stays as it is until `showExternals`. False when one of them has no
+/// content after that; a warning has said which.
+bool readExternals(Model& model, const std::vector<std::string>& paths);
+/// Makes references to `path` refer to `newPath` (at most 199 bytes), and drops their content as `dropExternals` does.
+/// The model is dirty then. False when nothing was changed.
 bool redirectExternals(Model& model, const std::string& path, const std::string& newPath);
 
 } // namespace nalt

@@ -107,8 +107,9 @@ TEST_F(FileOperationsTest, ANoLeavesTheExternalsAlone)
   changePart(5);
   gui.answer = Answer::no;
   EXPECT_FALSE(gui.files().revertExternals(true));
-  EXPECT_FALSE(gui.files().unloadExternals());
-  EXPECT_FALSE(gui.files().loadExternals(true));
+  EXPECT_FALSE(gui.files().unloadExternals({"part.flt"}));
+  EXPECT_FALSE(gui.files().loadExternals({"part.flt"}, true));
+  EXPECT_FALSE(gui.files().redirectExternals("part.flt", "other.flt", true));
   EXPECT_EQ(shownPolygons(), 2);
   EXPECT_FALSE(gui.currentModel()->selections().empty());
 }
@@ -116,14 +117,49 @@ TEST_F(FileOperationsTest, ANoLeavesTheExternalsAlone)
 TEST_F(FileOperationsTest, ExternalsAreUnloadedAndLoadedAgain)
 {
   open(savedWithExternal("whole.flt", 2));
-  EXPECT_TRUE(gui.files().unloadExternals());
+  EXPECT_TRUE(gui.files().unloadExternals({"other.flt"}));
+  EXPECT_EQ(shownPolygons(), 2) << "only those that were asked for";
+  EXPECT_TRUE(gui.files().unloadExternals({"part.flt"}));
   EXPECT_EQ(shownPolygons(), 0);
   Preferences::get().loadExternals = false;
-  EXPECT_TRUE(gui.files().loadExternals(true)) << "asked for by hand, whatever the preferences say";
+  EXPECT_TRUE(gui.files().loadExternals({"part.flt"}, true)) << "asked for by hand, whatever the preferences say";
   EXPECT_EQ(shownPolygons(), 2);
   const std::string question = "Do you want to load/unload externals? Note that the selection will be cleared and the "
                                "command list will be erased.";
-  EXPECT_THAT(gui.questions, ElementsAre(question, question));
+  EXPECT_THAT(gui.questions, ElementsAre(question, question, question));
+}
+
+TEST_F(FileOperationsTest, ExternalsAreLoadedOnAWorkerWhileTheProgramGoesOn)
+{
+  open(savedWithExternal("whole.flt", 2));
+  gui.currentModel()->sceneRoot();
+  changePart(3);
+  EXPECT_TRUE(gui.files().loadExternals({"part.flt"}, /*synchronous=*/false));
+  EXPECT_TRUE(gui.files().busy());
+  EXPECT_FALSE(isActive("&Delete")) << "nothing may touch the model meanwhile";
+  gui.files().waitUntilIdle();
+  EXPECT_EQ(shownPolygons(), 3);
+}
+
+TEST_F(FileOperationsTest, AReferenceIsLedToAnotherFile)
+{
+  open(savedWithExternal("whole.flt", 2));
+  const std::string other = savedSquares("other.flt", 4);
+  EXPECT_TRUE(gui.files().redirectExternals("part.flt", other, /*synchronous=*/false));
+  gui.files().waitUntilIdle();
+  EXPECT_EQ(shownPolygons(), 4);
+  EXPECT_TRUE(gui.currentModel()->isDirty());
+}
+
+TEST_F(FileOperationsTest, APathThatDoesNotFitIsToldAndNothingChanges)
+{
+  open(savedWithExternal("whole.flt", 2));
+  const std::string longPath(200, 'x');
+  EXPECT_FALSE(gui.files().redirectExternals("part.flt", longPath, true));
+  EXPECT_THAT(said, ElementsAre("WARNING: Couldn't refer to " + longPath +
+                                ".\nThe path has more than 199 bytes, or it is the same."));
+  EXPECT_EQ(shownPolygons(), 2);
+  EXPECT_FALSE(gui.currentModel()->isDirty());
 }
 
 TEST_F(FileOperationsTest, AMissingExternalIsToldAndTheModelStays)

@@ -1,5 +1,6 @@
 #include "core/ExternalReferences.h"
 
+#include "core/Externals.h"
 #include "core/Model.h"
 #include "core/selection/SelectOperations.h"
 #include "fltapi/AllRecords.h"
@@ -66,6 +67,15 @@ protected:
     model->sceneRoot();
   }
 
+  /// Loads the content of the references to `path` anew.
+  bool load(const char* path)
+  {
+    dropExternals(*model, {path});
+    const bool complete = readExternals(*model, {path});
+    showExternals(*model);
+    return complete;
+  }
+
   std::string state() const
   {
     std::string text;
@@ -101,7 +111,7 @@ TEST_F(ExternalReferencesTest, UnloadingTakesTheContentOutOfDocumentAndScene)
   const osg::ref_ptr<FltFile> content = reference.referencedFile();
   const auto& group = *content->header()->primaryChildAt(0);
   ASSERT_TRUE(model->sync()->nodeOf(group));
-  unloadExternals(*model, {"wheel.flt"});
+  dropExternals(*model, {"wheel.flt"});
   EXPECT_EQ(state(), "door.flt 1 loaded; wheel.flt 2 empty; ");
   EXPECT_EQ(reference.primaryChildCount(), 0);
   EXPECT_FALSE(model->sync()->nodeOf(group));
@@ -113,7 +123,7 @@ TEST_F(ExternalReferencesTest, AreLoadedOnDemandWherePreferencesLeaveThemOut)
   host.loads = false;
   open();
   EXPECT_EQ(state(), "door.flt 1 empty; wheel.flt 2 empty; ");
-  EXPECT_TRUE(loadExternals(*model, {"wheel.flt"}));
+  EXPECT_TRUE(load("wheel.flt"));
   EXPECT_EQ(state(), "door.flt 1 empty; wheel.flt 2 loaded; ");
 }
 
@@ -121,7 +131,7 @@ TEST_F(ExternalReferencesTest, AMissingFileIsAWarningAndTheReferenceStaysEmpty)
 {
   open();
   std::filesystem::remove(folder / "door.flt");
-  EXPECT_FALSE(loadExternals(*model, {"door.flt"}));
+  EXPECT_FALSE(load("door.flt"));
   EXPECT_EQ(state(), "door.flt 1 empty; wheel.flt 2 loaded; ");
   EXPECT_THAT(host.warnings, testing::ElementsAre("Failed reading external reference door.flt"));
 }
@@ -131,7 +141,7 @@ TEST_F(ExternalReferencesTest, ChangesLetGoOfSelectionAndCommands)
   open();
   ASSERT_TRUE(selectAll(*model, SelectionMode::group, /*undoable=*/true));
   ASSERT_FALSE(model->commandStack().undoCommands().empty());
-  unloadExternals(*model, {"wheel.flt"});
+  dropExternals(*model, {"wheel.flt"});
   EXPECT_TRUE(model->selections().empty());
   EXPECT_TRUE(model->commandStack().undoCommands().empty());
   EXPECT_TRUE(model->commandStack().redoCommands().empty());
@@ -141,6 +151,8 @@ TEST_F(ExternalReferencesTest, CanBeLedToAnotherFile)
 {
   open();
   EXPECT_TRUE(redirectExternals(*model, "wheel.flt", "gate.flt"));
+  EXPECT_EQ(state(), "door.flt 1 loaded; gate.flt 2 empty; ");
+  EXPECT_TRUE(load("gate.flt"));
   EXPECT_EQ(state(), "door.flt 1 loaded; gate.flt 2 loaded; ");
   EXPECT_TRUE(model->isDirty());
 }

@@ -122,6 +122,11 @@ void Dialogs::preferencesChanged()
   if (viewportPreferences_) viewportPreferences_->follow();
 }
 
+void Dialogs::fileOperationChanged()
+{
+  if (externalReferences_) externalReferences_->follow();
+}
+
 void Dialogs::hideAll()
 {
   if (preferences_) preferences_->hide();

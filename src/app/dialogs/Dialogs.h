@@ -43,6 +43,8 @@ public:
   /// Another model is current, its history or its document changed, or viewports came or went.
   void modelChanged();
   void preferencesChanged();
+  /// A file operation starts or is over.
+  void fileOperationChanged();
 
   /// At the end of the program.
   void hideAll();

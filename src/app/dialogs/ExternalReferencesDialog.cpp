@@ -20,9 +20,6 @@ constexpr int width = 560;
 constexpr int height = 330;
 constexpr int stateWidth = 120;
 constexpr int countWidth = 90;
-constexpr const char* question =
-    "Do you want to load/unload externals? Note that the selection will be cleared and the "
-    "command list will be erased.";
 
 const char* stateInWords(const ExternalReferenceInfo& info)
 {
@@ -110,9 +107,10 @@ std::vector<std::string> ExternalReferencesDialog::selectedPaths() const
 void ExternalReferencesDialog::updateButtons()
 {
   const std::vector<std::string> paths = selectedPaths();
-  setActive(*load_, !paths.empty());
-  setActive(*unload_, !paths.empty());
-  setActive(*browse_, paths.size() == 1);
+  const bool idle = !gui_.files().busy();
+  setActive(*load_, idle && !paths.empty());
+  setActive(*unload_, idle && !paths.empty());
+  setActive(*browse_, idle && paths.size() == 1);
   std::string text = shown_.empty() ? "This model has no external references." : "";
   if (!gui_.currentModel()) text = "No model is open.";
   for (const ExternalReferenceInfo& info : shown_) {
@@ -122,28 +120,14 @@ void ExternalReferencesDialog::updateButtons()
   found_->copy_label(text.c_str());
 }
 
-Model* ExternalReferencesDialog::agreedModel() const
-{
-  Model* model = gui_.currentModel();
-  if (!model) return nullptr;
-  if (gui_.files().busy()) {
-    gui_.warning("Please wait until the running file operation is over.");
-    return nullptr;
-  }
-  return gui_.ask(question) == Answer::yes ? model : nullptr;
-}
-
 void ExternalReferencesDialog::load()
 {
-  const std::vector<std::string> paths = selectedPaths();
-  if (Model* model = agreedModel()) loadExternals(*model, paths);
-  fill();
+  gui_.files().loadExternals(selectedPaths(), /*synchronous=*/false);
 }
 
 void ExternalReferencesDialog::unload()
 {
-  const std::vector<std::string> paths = selectedPaths();
-  if (Model* model = agreedModel()) unloadExternals(*model, paths);
+  gui_.files().unloadExternals(selectedPaths());
   fill();
 }
 
@@ -154,11 +138,7 @@ void ExternalReferencesDialog::browse()
   FileDialogs chooser;
   const std::vector<std::string> chosen =
       chooser.chooseToRead("External Reference File", {{"OpenFlight", "*.flt"}}, 0, paths.front());
-  if (chosen.empty()) return;
-  Model* model = agreedModel();
-  if (model && !redirectExternals(*model, paths.front(), chosen.front()))
-    gui_.warning("Couldn't refer to " + chosen.front() + ".\nThe path has more than 199 bytes, or it is the same.");
-  fill();
+  if (!chosen.empty()) gui_.files().redirectExternals(paths.front(), chosen.front(), /*synchronous=*/false);
 }
 
 } // namespace nalt

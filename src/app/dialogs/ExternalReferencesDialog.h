@@ -14,14 +14,13 @@ class Fl_Multi_Browser;
 namespace nalt {
 
 class Gui;
-class Model;
 
 /// The external references of the current model: which are loaded, and where they lead.
 class ExternalReferencesDialog : public DialogWindow {
 public:
   explicit ExternalReferencesDialog(Gui& gui);
 
-  /// Another model is current, or references changed.
+  /// Another model is current, references changed, or a file operation starts or ends.
   void follow();
 
 protected:
@@ -31,8 +30,6 @@ private:
   void fill();
   void updateButtons();
   std::vector<std::string> selectedPaths() const;
-  /// The current model if it may be changed and the user agrees to what that costs; else null.
-  Model* agreedModel() const;
   void load();
   void unload();
   void browse();
