@@ -472,6 +472,14 @@ void Gui::toolChanged(Model& model)
   if (&model == current_) updateWidgets();
 }
 
+/// A script may have done anything to any model, and what it changed is shown once, at its end.
+void Gui::scriptEnded()
+{
+  showModel(current_);
+  for (int i = 0; i < modelCount(); ++i)
+    modelAt(i)->redrawViewports();
+}
+
 void Gui::showAttributes(Model&, const Selection& picked)
 {
   const auto names = picked.names();

@@ -79,6 +79,7 @@ public:
   void toolPointsCleared() override;
   void toolChanged(Model& model) override;
   void showAttributes(Model& model, const Selection& picked) override;
+  void scriptEnded() override;
   void openDropped(const std::string& lines) override;
   ScriptRecorder* scriptRecorder() override { return recorder_; }
   /// The script editor, not owned; null when it goes.
