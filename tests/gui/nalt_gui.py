@@ -161,7 +161,6 @@ class Session:
     # ---- windows ------------------------------------------------------------------------------------------------------
 
     def windows(self, title):
-        title = {"^Warning$": WARNING, "^Information$": INFO}.get(title, title)
         if self.process.poll() is not None:
             raise Failed(f"the program ended with status {self.process.returncode}: {self.text_output()}")
         return [int(line) for line in
