@@ -13,12 +13,8 @@ using fltapi::ExternalRecord;
 
 std::vector<ExternalRecord*> externalsOf(const Model& model)
 {
-  std::vector<ExternalRecord*> externals;
-  const fltapi::FltFile* file = model.fltFile();
-  if (!file || !file->header()) return externals;
-  for (auto* record : file->header()->findDescendants(ExternalRecord::code, /*followInstances=*/true))
-    if (record->file() == file) externals.push_back(static_cast<ExternalRecord*>(record));
-  return externals;
+  const auto* file = model.fltFile();
+  return file ? file->externalReferences() : std::vector<ExternalRecord*>();
 }
 
 namespace {

@@ -30,6 +30,17 @@ osg::ref_ptr<FltFile> ExternalFiles::find(const Key& key)
   return nullptr;
 }
 
+osg::ref_ptr<FltFile> ExternalFiles::findOneOfTooMany(const Key& key)
+{
+  constexpr int tooMany = 256;
+  const auto isOfKind = [&](const auto& entry) {
+    return entry.first.path == key.path && entry.first.ownPalettes == key.ownPalettes && entry.second.valid();
+  };
+  if (std::ranges::count_if(files_, isOfKind) < tooMany) return nullptr;
+  const Key any = std::ranges::find_if(files_, isOfKind)->first;
+  return find(any);
+}
+
 void ExternalFiles::add(const Key& key, FltFile& file, std::filesystem::file_time_type time)
 {
   std::erase_if(loaded_, [](const Loaded& entry) { return !entry.file.valid(); });

@@ -30,6 +30,9 @@ public:
   /// Null when no file of that key is loaded, or when it or a file that it shows is newer on disk: who refers to it now
   /// gets what the disk holds now.
   osg::ref_ptr<FltFile> find(const Key& key);
+  /// A file that shows the same with other palettes, once there are very many of them: files of which each shows the
+  /// next ones with its own palettes would have to be loaded without end. Null while there are fewer.
+  osg::ref_ptr<FltFile> findOneOfTooMany(const Key& key);
   /// @param time of the file on disk before it was loaded
   void add(const Key& key, FltFile& file, std::filesystem::file_time_type time);
   /// Whether a file that was added is newer on disk than what was loaded; false for one that is gone from there.

@@ -15,6 +15,7 @@
 namespace fltapi {
 
 class ColorPaletteRecord;
+class ExternalRecord;
 class FileOutput;
 class HeaderRecord;
 class InstanceDefinitionRecord;
@@ -89,6 +90,8 @@ public:
   /// Loads the content of all external references that have none yet, unless the user doesn't want any. A reference
   /// whose file can't be found stays empty, with a warning.
   void readExternals();
+  /// The references of this file itself, those in instance definitions too.
+  std::vector<ExternalRecord*> externalReferences() const;
   /// Paths, as the records hold them, of references in the tree whose file is newer on disk than what was loaded.
   std::vector<std::string> changedExternals() const;
   /// Drops the content of all references with these paths and loads it again.

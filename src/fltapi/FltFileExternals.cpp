@@ -31,6 +31,38 @@ constexpr std::array paletteBits = {
     PaletteBit{opcodes::shaderPalette, ExternalRecord::ownShaders},
 };
 
+/// Finds the references of one file.
+class OwnReferences : public RecordVisitor {
+public:
+  OwnReferences() : RecordVisitor(TraversalMode::notExternals) {}
+
+  using RecordVisitor::apply;
+  void apply(ExternalRecord& reference) override { found.push_back(&reference); }
+  void apply(InstanceReferenceRecord&) override {} // definitions are looked through where they stand
+
+  std::vector<ExternalRecord*> found;
+};
+
+/// Answers each question once: files may show one another along very many ways.
+class OutdatedFiles {
+public:
+  /// Whether a file that `shown` refers to, at whatever depth, is newer on disk than what was loaded of it.
+  bool showsAny(const FltFile& shown)
+  {
+    const auto [entry, isNew] = answers_.try_emplace(&shown, false);
+    if (!isNew) return entry->second;
+    bool any = false;
+    for (const auto* reference : shown.externalReferences()) {
+      const auto* file = reference->referencedFile();
+      any = any || (file && (ExternalFiles::get().isOutdated(*file) || showsAny(*file)));
+    }
+    return answers_[&shown] = any;
+  }
+
+private:
+  std::map<const FltFile*, bool> answers_;
+};
+
 } // namespace
 
 void FltFile::setReferrer(FltFile& referrer, std::uint32_t ownPalettes)
@@ -57,25 +89,29 @@ void FltFile::readExternals()
     definition->traverse(visitor);
 }
 
+std::vector<ExternalRecord*> FltFile::externalReferences() const
+{
+  OwnReferences visitor;
+  if (header_) header_->accept(visitor);
+  for (const auto& [number, definition] : instanceDefinitions_)
+    definition->traverse(visitor);
+  return std::move(visitor.found);
+}
+
 std::vector<std::string> FltFile::changedExternals() const
 {
   std::vector<std::string> changed;
-  if (externalStamps_.empty() || !header_) return changed;
-  std::map<const FltFile*, bool> outdated; // thousands of references may show a few files
-  std::string path;
-  for (auto* record : header_->findDescendants(ExternalRecord::code, /*followInstances=*/true)) {
-    // References inside what one of ours shows come right behind it, and have changed its content when they change.
-    const bool ours = record->file() == this;
-    if (ours) path = record->getName();
+  if (externalStamps_.empty()) return changed;
+  OutdatedFiles outdated;
+  std::map<std::string, bool> newer; // thousands of references may bear a few paths
+  for (const auto* reference : externalReferences()) {
+    const auto path = reference->getName();
+    const auto* shown = reference->referencedFile();
     const auto stamp = externalStamps_.find(path);
-    const auto* shown = static_cast<const ExternalRecord*>(record)->referencedFile();
     if (!shown || stamp == externalStamps_.end() || std::ranges::find(changed, path) != changed.end()) continue;
-    const auto [answer, isNew] = outdated.try_emplace(shown, false);
-    if (isNew) {
-      answer->second =
-          ours ? isNewerOnDisk(stamp->second.foundPath, stamp->second.time) : ExternalFiles::get().isOutdated(*shown);
-    }
-    if (answer->second) changed.push_back(path);
+    const auto [answer, isNew] = newer.try_emplace(path, false);
+    if (isNew) answer->second = isNewerOnDisk(stamp->second.foundPath, stamp->second.time);
+    if (answer->second || outdated.showsAny(*shown)) changed.push_back(path);
   }
   return changed;
 }
@@ -87,13 +123,8 @@ void FltFile::reloadExternals(const std::vector<std::string>& paths)
     const auto stamp = externalStamps_.find(path);
     if (stamp != externalStamps_.end()) ExternalFiles::get().forget(canonicalPath(stamp->second.foundPath));
   }
-  // References inside the content that is dropped go with it.
-  auto references = header_->findDescendants(ExternalRecord::code, /*followInstances=*/true);
-  std::erase_if(references, [&](const Record* record) {
-    return record->file() != this || std::ranges::find(paths, record->getName()) == paths.end();
-  });
-  for (auto* reference : references)
-    static_cast<ExternalRecord*>(reference)->show(nullptr, {});
+  for (auto* reference : externalReferences())
+    if (std::ranges::find(paths, reference->getName()) != paths.end()) reference->show(nullptr, {});
   readExternals();
 }
 

@@ -41,7 +41,13 @@ void RecordVisitor::apply(InstanceReferenceRecord& reference)
 
 void RecordVisitor::apply(ExternalRecord& external)
 {
-  if (traversalMode != TraversalMode::notExternals) apply(static_cast<PrimNodeRecord&>(external));
+  if (traversalMode == TraversalMode::notExternals) return;
+  const auto mode = traversalMode;
+  const bool isNested = external.externalFile() != nullptr;
+  if (isNested && !revisit && !enteredFiles_.insert(external.referencedFile()).second)
+    traversalMode = TraversalMode::none;
+  apply(static_cast<PrimNodeRecord&>(external));
+  traversalMode = mode;
 }
 
 } // namespace fltapi

@@ -6,6 +6,7 @@
 
 namespace fltapi {
 
+class FltFile;
 class Record;
 #define FLTAPI_FORWARD(Class, Fallback) class Class;
 FLTAPI_VISITED_RECORDS(FLTAPI_FORWARD, FLTAPI_FORWARD)
@@ -42,7 +43,8 @@ public:
   TraversalMode traversalMode;
   /// Instance definitions that were entered.
   std::set<const InstanceDefinitionRecord*> visited;
-  /// Whether a definition is entered for each of its references.
+  /// Whether a definition is entered for each of its references, and likewise a file that other shown files refer to:
+  /// a short chain of files that each show the next one twice would keep a visitor busy for ever.
   bool revisit = false;
 
   /// One for each level that a visitor goes down. References to instances can nest levels without end where no file is
@@ -62,6 +64,7 @@ public:
 private:
   /// Definitions that are being walked just now: one that leads back to itself isn't entered again.
   std::set<const InstanceDefinitionRecord*> entered_;
+  std::set<const FltFile*> enteredFiles_; ///< through references that came in through one themselves
   int depth_ = 0;
 };
 

@@ -110,6 +110,41 @@ TEST_F(BoundingBoxes, ofInstancesOfInstancesAreFoundQuickly)
   EXPECT_EQ(vertexCount, std::numeric_limits<int>::max());
 }
 
+TEST_F(BoundingBoxes, leaveOutInstancesThatAreHidden)
+{
+  class Hidden : public UserData {
+    bool hidden() const override { return true; }
+  };
+  measure(flt::instanceDefinition(1) + flt::level(polygon()) + flt::instanceReference(1));
+  first<InstanceReferenceRecord>(*file)->setUserData(std::make_unique<Hidden>());
+  FltBoundingSphereVisitor visitor;
+  file->header()->accept(visitor);
+  EXPECT_FALSE(visitor.box().valid());
+}
+
+TEST_F(BoundingBoxes, holdEachPlaceOfAnotherFile)
+{
+  bench.host.externals = true;
+  writeFile(bench.path("part.flt"), flt::file(pool, polygon()));
+  measure(flt::external("part.flt") + flt::external("part.flt") + moved(0, 0, 100));
+  expectBox({0, 0, 0}, {1, 2, 103});
+  EXPECT_EQ(vertexCount, 6);
+}
+
+TEST_F(BoundingBoxes, ofFilesThatShowTheNextOneTwiceAreFoundQuickly)
+{
+  bench.host.externals = true;
+  constexpr int doublings = 60;
+  const auto name = [](int i) { return std::to_string(i) + ".flt"; };
+  writeFile(bench.path(name(0)), flt::file(pool, polygon()));
+  for (int i = 1; i <= doublings; ++i) {
+    writeFile(bench.path(name(i)), flt::file(flt::external(name(i - 1)) + flt::external(name(i - 1)) + moved(1, 0, 0)));
+  }
+  EXPECT_LT(processorSeconds([&] { measure(flt::external(name(doublings))); }), 5.0);
+  expectBox({0, 0, 0}, {1 + doublings, 2, 3});
+  EXPECT_EQ(vertexCount, std::numeric_limits<int>::max());
+}
+
 TEST_F(BoundingBoxes, ofInstancesThatShowThemselvesEnd)
 {
   measure(flt::instanceDefinition(1) + flt::level(flt::group("g") + flt::level(flt::instanceReference(1) + polygon())) +

@@ -483,6 +483,61 @@ TEST_F(ExternalReferences, inAVeryLongChainEndWithAWarning)
   EXPECT_THAT(bench.host.warnings.front(), testing::StartsWith("Failed reading external reference "));
 }
 
+// ---- files that show one another along very many ways ---------------------------------------------------------------
+
+TEST_F(ExternalReferences, ofFilesThatShowTheNextOneTwiceAreVisitedInShortTime)
+{
+  constexpr int chain = 60;
+  const auto name = [](int i) { return std::to_string(i) + ".flt"; };
+  for (int i = 0; i < chain; ++i) {
+    write(name(i),
+          flt::file(flt::group("g" + std::to_string(i)) + flt::external(name(i + 1)) + flt::external(name(i + 1))));
+  }
+  write(name(chain), fileWith("last"));
+  const auto file = bench.load(flt::file(flt::external(name(0)) + flt::external(name(0))));
+  EXPECT_THAT(bench.host.warnings, IsEmpty());
+
+  std::set<std::string> groups;
+  const auto found = file->header()->findDescendants(GroupRecord::code, /*followInstances=*/true);
+  for (const auto* group : found)
+    groups.insert(group->getName());
+  EXPECT_EQ(groups.size(), chain + 1u);
+  EXPECT_LT(found.size(), 2u * chain);
+  EXPECT_TRUE(file->header()->isAncestorOf(*found.back()));
+  EXPECT_FALSE(references(*file).front()->isAncestorOf(*file->header()));
+  EXPECT_EQ(file->header()->center(), osg::Vec3d());
+
+  EXPECT_THAT(file->changedExternals(), IsEmpty());
+  touch(name(chain));
+  EXPECT_THAT(file->changedExternals(), ElementsAre(name(0)));
+  file->reloadExternals({name(0)});
+  EXPECT_THAT(file->changedExternals(), IsEmpty());
+}
+
+TEST_F(ExternalReferences, thatAreLoadedWithEachReferrersPalettesAreLoadedNotWithoutEnd)
+{
+  // Two files on each level, each of which shows both of the next level: as many ways as there are bits to count them.
+  constexpr int levels = 16;
+  const auto name = [](int level, int i) { return std::to_string(level) + "ab"[i] + ".flt"; };
+  const auto both = [&](int level) {
+    return referenceWithFlags(name(level, 0), 0) + referenceWithFlags(name(level, 1), 0);
+  };
+  for (int level = 0; level < levels; ++level) {
+    for (int i : {0, 1})
+      write(name(level, i), level + 1 < levels ? flt::file(both(level + 1)) : fileWith("last"));
+  }
+  const auto file = bench.load(flt::file(both(0)));
+  EXPECT_THAT(bench.host.warnings, IsEmpty());
+  std::set<const FltFile*> loaded;
+  for (auto* record : file->header()->findDescendants(ExternalRecord::code, /*followInstances=*/true)) {
+    const auto* shown = static_cast<const ExternalRecord*>(record)->referencedFile();
+    ASSERT_TRUE(shown);
+    loaded.insert(shown);
+  }
+  EXPECT_GT(loaded.size(), 2u * 100) << "each of a hundred referrers has its own palettes";
+  EXPECT_LT(loaded.size(), 2u * levels * 300);
+}
+
 // ---- changes on disk ------------------------------------------------------------------------------------------------
 
 TEST_F(ExternalReferences, tellWhichFilesAreNewerOnDisk)
@@ -522,6 +577,18 @@ TEST_F(ExternalReferences, changeWithWhatTheirFileRefersToInTurn)
   ASSERT_TRUE(tank);
   EXPECT_EQ(shownByFirst(*tank), "new");
   EXPECT_THAT(file->changedExternals(), IsEmpty());
+}
+
+TEST_F(ExternalReferences, changeWithAFileThatTheyBothShow)
+{
+  constexpr std::uint32_t ownPalettes = 0xff000000; // so that both show one and the same
+  write("wheel.flt", fileWith("old"));
+  for (const char* name : {"tank.flt", "jeep.flt"})
+    write(name, flt::file(referenceWithFlags("wheel.flt", ownPalettes)));
+  const auto file =
+      bench.load(flt::file(referenceWithFlags("tank.flt", ownPalettes) + referenceWithFlags("jeep.flt", ownPalettes)));
+  touch("wheel.flt");
+  EXPECT_THAT(file->changedExternals(), ElementsAre("tank.flt", "jeep.flt"));
 }
 
 TEST_F(ExternalReferences, madeAfterAChangeShowTheNewContentAndLeaveOthersTheOld)

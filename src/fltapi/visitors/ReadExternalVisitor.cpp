@@ -83,7 +83,7 @@ osg::ref_ptr<FltFile> ReadExternalVisitor::fileAt(const std::string& foundPath, 
   const bool independent = ownPalettes == ExternalRecord::paletteBits;
   const ExternalFiles::Key key{canonical, ownPalettes, independent ? nullptr : &referrer_};
   auto& known = shown_[key];
-  if (known || (known = files.find(key))) return known;
+  if (known || (known = files.find(key)) || (known = files.findOneOfTooMany(key))) return known;
 
   const ExternalFiles::Nesting nesting(levelsAbove(external));
   if (nesting.tooDeep()) return nullptr;

@@ -1,7 +1,9 @@
 #pragma once
 
 #include "fltapi/FltFile.h"
+#include "fltapi/nodes/ExternalRecord.h"
 #include "fltapi/nodes/FaceRecord.h"
+#include "fltapi/nodes/HeaderRecord.h"
 #include "fltapi/nodes/InstanceRecords.h"
 
 #include <map>
@@ -10,8 +12,8 @@
 
 namespace fltapi {
 
-/// Sums vectors over everything that it meets. What an instance holds counts as often as it is shown, but is walked
-/// only once: instances of instances can show a million vertices with a handful of records.
+/// Sums vectors over everything that it meets. What an instance or another file holds counts as often as it is shown,
+/// but is walked only once: instances of instances can show a million vertices with a handful of records.
 class SummingVisitor : public RecordVisitor {
 public:
   SummingVisitor() { revisit = true; }
@@ -21,14 +23,12 @@ public:
   {
     const auto* definition =
         reference.file() ? reference.file()->instanceDefinition(reference.instanceNumber()) : nullptr;
-    if (!definition) return;
-    auto known = instances_.find(definition);
-    if (known == instances_.end()) {
-      const Total before = std::exchange(total_, {});
-      RecordVisitor::apply(reference);
-      known = instances_.emplace(definition, std::exchange(total_, before)).first;
-    }
-    add(known->second.sum, known->second.count);
+    if (definition) addShown(*definition, [&] { RecordVisitor::apply(reference); });
+  }
+  void apply(ExternalRecord& reference) override
+  {
+    const auto* header = reference.referencedFile() ? reference.referencedFile()->header() : nullptr;
+    if (header) addShown(*header, [&] { reference.traverse(*this); });
   }
 
   const osg::Vec3d& sum() const { return total_.sum; }
@@ -49,8 +49,21 @@ private:
     osg::Vec3d sum;
     double count = 0;
   };
+
+  template <class Walk>
+  void addShown(const Record& shown, const Walk& walk)
+  {
+    auto known = shown_.find(&shown);
+    if (known == shown_.end()) {
+      const Total before = std::exchange(total_, {});
+      walk();
+      known = shown_.emplace(&shown, std::exchange(total_, before)).first;
+    }
+    add(known->second.sum, known->second.count);
+  }
+
   Total total_;
-  std::map<const InstanceDefinitionRecord*, Total> instances_;
+  std::map<const Record*, Total> shown_;
 };
 
 /// Sums the positions of all vertices of the vertex lists that it meets.
