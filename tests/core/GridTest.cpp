@@ -1,15 +1,8 @@
 #include "core/Grid.h"
 
 #include "core/GridOperations.h"
-#include "core/Model.h"
-#include "core/ScriptRecorder.h"
 #include "core/selection/RecordedChange.h"
-#include "fltapi/AllRecords.h"
-#include "fltapi/FltFile.h"
-#include "tests/core/RecordingShell.h"
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
+#include "tests/core/ModelFixture.h"
 
 #include <cmath>
 #include <limits>
@@ -166,68 +159,23 @@ TEST(GridTest, WhatCantBeCountedOrMeasuredByIsRefused)
   EXPECT_EQ(grid.spacing(), 1.0);
 }
 
-class Recorder : public ScriptRecorder {
-public:
-  std::vector<std::string> scripts;
-  std::vector<std::string> comments;
-  bool recording() const override { return true; }
-  int lineCount() const override { return static_cast<int>(scripts.size()); }
-  void appendComment(const std::string& text) override { comments.push_back(text); }
-  void appendScript(const std::string& text) override { scripts.push_back(text); }
-  void cutBackTo(int line) override { scripts.resize(static_cast<std::size_t>(line)); }
-};
-
-class RecordedShell : public RecordingShell {
-public:
-  Recorder recorder;
-  ScriptRecorder* scriptRecorder() override { return &recorder; }
-};
-
-class GridOperationsTest : public testing::Test {
+class GridOperationsTest : public ModelFixture {
 protected:
-  GridOperationsTest() : before_(Shell::install(&shell)) { model->createEmpty(); }
-  ~GridOperationsTest() override
-  {
-    model.reset();
-    Shell::install(before_);
-  }
+  GridOperationsTest() { shell.recorder = &recorder; }
 
-  template <class T>
-  T* make(fltapi::PrimNodeRecord& parent)
-  {
-    auto* record = model->fltFile()->create<T>();
-    parent.addChild(record, /*append=*/true);
-    record->assignUniqueName();
-    return record;
-  }
-  fltapi::FaceRecord* makeFace(const std::vector<osg::Vec3d>& corners)
-  {
-    auto* face = make<fltapi::FaceRecord>(*model->fltFile()->header());
-    auto* list = model->fltFile()->create<fltapi::VertexListRecord>();
-    face->addChild(list, /*append=*/true);
-    for (const auto& corner : corners) {
-      auto* vertex = model->fltFile()->create<fltapi::VertexRecord>();
-      vertex->setPosition(corner);
-      list->addVertex(vertex);
-    }
-    return face;
-  }
+  fltapi::FaceRecord* makePolygon(const std::vector<osg::Vec3d>& corners) { return makeFace(header(), corners); }
   void select(fltapi::FaceRecord& face)
   {
     const auto selection = selectionOf(face);
-    model->selections().add(*selection, recordedChange("", "", false));
+    selections().add(*selection, recordedChange("", "", false));
   }
 
-  RecordedShell shell;
-  std::unique_ptr<Model> model = std::make_unique<Model>(0, 0, 0, 0);
-
-private:
-  Shell* before_;
+  RecordedText recorder;
 };
 
 TEST_F(GridOperationsTest, EachIsRecordedUnderItsTitle)
 {
-  select(*makeFace({{0, 0, 5}, {2, 0, 5}, {0, 3, 5}}));
+  select(*makePolygon({{0, 0, 5}, {2, 0, 5}, {0, 3, 5}}));
   setXYGrid(*model, true);
   setXZGrid(*model, true);
   setYZGrid(*model, true);
@@ -238,7 +186,7 @@ TEST_F(GridOperationsTest, EachIsRecordedUnderItsTitle)
   EXPECT_TRUE(setGridSpacing(*model, 0.25, true));
   EXPECT_TRUE(alignGridToPolygon(*model, true));
 
-  EXPECT_THAT(shell.recorder.scripts,
+  EXPECT_THAT(recorder.scripts,
               ElementsAre("nalt.setXYGrid()", "nalt.setXZGrid()", "nalt.setYZGrid()", "nalt.setGridOrigin(1, 2, 3.5)",
                           "nalt.setGridPointOnAxis(2, 2, 3.5)", "nalt.setGridThirdPoint(1, 3, 3.5)",
                           "nalt.addGridOffset(-0.5)", "nalt.setGridSpacing(0.25)", "nalt.alignGridToPolygon()"));
@@ -250,15 +198,15 @@ TEST_F(GridOperationsTest, EachIsRecordedUnderItsTitle)
                           "Script Command: Set Grid Origin", "Script Command: Set Grid Point On Axis",
                           "Script Command: Set Grid Third Point", "Script Command: Add Grid Offset",
                           "Script Command: Set Grid Spacing", "Script Command: Align Grid To Polygon"));
-  ASSERT_EQ(shell.recorder.comments.size(), 9u);
-  EXPECT_THAT(shell.recorder.comments.at(3), testing::HasSubstr("-- nalt.setGridOrigin(originX, originY, originZ)\n"));
+  ASSERT_EQ(recorder.comments.size(), 9u);
+  EXPECT_THAT(recorder.comments.at(3), testing::HasSubstr("-- nalt.setGridOrigin(originX, originY, originZ)\n"));
 }
 
 TEST_F(GridOperationsTest, WhatIsIgnoredIsntRecorded)
 {
   EXPECT_FALSE(setGridThirdPoint(*model, {2, 0, 0}, true));
   EXPECT_FALSE(setGridPointOnAxis(*model, {0, 5, 0}, true));
-  EXPECT_THAT(shell.recorder.scripts, IsEmpty());
+  EXPECT_THAT(recorder.scripts, IsEmpty());
   EXPECT_THAT(model->commandStack().undoCommands(), IsEmpty());
 }
 
@@ -266,7 +214,7 @@ TEST_F(GridOperationsTest, UndoTakesTheRecordedLineBackAndLeavesTheGrid)
 {
   setGridSpacing(*model, 4.0, true);
   model->commandStack().undo();
-  EXPECT_THAT(shell.recorder.scripts, IsEmpty());
+  EXPECT_THAT(recorder.scripts, IsEmpty());
   EXPECT_EQ(model->grid().spacing(), 4.0);
 }
 
@@ -274,7 +222,7 @@ TEST_F(GridOperationsTest, ABatchRunMakesNoCommands)
 {
   setXZGrid(*model, false);
   EXPECT_THAT(model->commandStack().undoCommands(), IsEmpty());
-  EXPECT_THAT(shell.recorder.scripts, IsEmpty());
+  EXPECT_THAT(recorder.scripts, IsEmpty());
   expectNear(model->grid().axes().normal, {0, -1, 0});
 }
 
@@ -297,27 +245,27 @@ TEST_F(GridOperationsTest, AnUnusableNumberIsRefusedWithAMessage)
   EXPECT_FALSE(addGridOffset(*model, infinite, true));
   EXPECT_FALSE(setGridSpacing(*model, 0.0, true));
   EXPECT_THAT(shell.messages, ElementsAre("WARNING: Invalid grid offset.", "WARNING: Invalid grid spacing."));
-  EXPECT_THAT(shell.recorder.scripts, IsEmpty());
+  EXPECT_THAT(recorder.scripts, IsEmpty());
 }
 
 TEST_F(GridOperationsTest, AligningNeedsASelectedPolygon)
 {
   EXPECT_FALSE(alignGridToPolygon(*model, true));
   EXPECT_THAT(shell.messages, ElementsAre("WARNING: No polygon is selected - can't align grid."));
-  EXPECT_THAT(shell.recorder.scripts, IsEmpty());
+  EXPECT_THAT(recorder.scripts, IsEmpty());
 }
 
 TEST_F(GridOperationsTest, AligningNeedsNoMoreThanOnePolygon)
 {
-  select(*makeFace({{0, 0, 0}, {1, 0, 0}, {0, 1, 0}}));
-  select(*makeFace({{0, 0, 0}, {1, 0, 0}, {0, 1, 0}}));
+  select(*makePolygon({{0, 0, 0}, {1, 0, 0}, {0, 1, 0}}));
+  select(*makePolygon({{0, 0, 0}, {1, 0, 0}, {0, 1, 0}}));
   EXPECT_FALSE(alignGridToPolygon(*model, true));
   EXPECT_THAT(shell.messages, ElementsAre("WARNING: More than one polygon is selected - can't align grid."));
 }
 
 TEST_F(GridOperationsTest, AligningNeedsAPolygonWithAPlane)
 {
-  select(*makeFace({{0, 0, 0}, {1, 1, 1}, {0, 0, 0}, {5, 5, 5}}));
+  select(*makePolygon({{0, 0, 0}, {1, 1, 1}, {0, 0, 0}, {5, 5, 5}}));
   EXPECT_FALSE(alignGridToPolygon(*model, true));
   EXPECT_THAT(shell.messages,
               ElementsAre("WARNING: Selected polygon doesn't define a valid plane - can't align grid."));
@@ -326,7 +274,7 @@ TEST_F(GridOperationsTest, AligningNeedsAPolygonWithAPlane)
 
 TEST_F(GridOperationsTest, AligningLooksPastCornersThatAddNothing)
 {
-  select(*makeFace({{1, 0, 0}, {1, 0, 0}, {1, 0, 2}, {1, 0, 4}, {1, 3, 4}}));
+  select(*makePolygon({{1, 0, 0}, {1, 0, 0}, {1, 0, 2}, {1, 0, 4}, {1, 3, 4}}));
   EXPECT_TRUE(alignGridToPolygon(*model, true));
   expectNear(model->grid().points().origin, {1, 0, 0});
   expectNear(model->grid().points().onAxis, {1, 0, 2});
@@ -335,7 +283,7 @@ TEST_F(GridOperationsTest, AligningLooksPastCornersThatAddNothing)
 
 TEST_F(GridOperationsTest, AligningWorksOnATinyPolygonFarAway)
 {
-  select(*makeFace({{1e6, 0, 0}, {1e6 + 1e-3, 0, 0}, {1e6, 0, 1e-3}}));
+  select(*makePolygon({{1e6, 0, 0}, {1e6 + 1e-3, 0, 0}, {1e6, 0, 1e-3}}));
   EXPECT_TRUE(alignGridToPolygon(*model, true));
   expectNear(model->grid().axes().normal, {0, -1, 0});
 }
@@ -346,7 +294,7 @@ TEST_F(GridOperationsTest, AligningFollowsTheMatrixAboveThePolygon)
   auto* matrix = model->fltFile()->create<fltapi::MatrixRecord>();
   matrix->setMatrix(osg::Matrixd::translate(0, 0, 7));
   group->addChild(matrix, /*append=*/true);
-  const osg::ref_ptr<fltapi::FaceRecord> face = makeFace({{0, 0, 0}, {1, 0, 0}, {0, 1, 0}});
+  const osg::ref_ptr<fltapi::FaceRecord> face = makePolygon({{0, 0, 0}, {1, 0, 0}, {0, 1, 0}});
   model->fltFile()->header()->removeChild(face);
   group->addChild(face, /*append=*/true);
   select(*face);

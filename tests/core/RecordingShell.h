@@ -19,6 +19,7 @@ public:
   std::string status;
   bool isQuiet = false;
   bool isBatch = false;
+  ScriptRecorder* recorder = nullptr; ///< not owned
   int documentChanges = 0;
   int activeViewportChanges = 0;
 
@@ -52,6 +53,7 @@ public:
   void documentChanged(Model&) override { ++documentChanges; }
   void activeViewportChanged(Model&) override { ++activeViewportChanges; }
   void openDropped(const std::string& lines) override { dropped.push_back(lines); }
+  ScriptRecorder* scriptRecorder() override { return recorder; }
 };
 
 } // namespace nalt

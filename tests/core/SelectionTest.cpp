@@ -1,16 +1,9 @@
-#include "core/Model.h"
-#include "core/Preferences.h"
 #include "core/hierarchy/DeleteSelected.h"
 #include "core/selection/PivotCommand.h"
 #include "core/selection/SelectOperations.h"
-#include "fltapi/AllRecords.h"
-#include "fltapi/FltFile.h"
 #include "scene/image/Highlight.h"
 #include "scene/image/ModUserData.h"
-#include "tests/core/RecordingShell.h"
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
+#include "tests/core/ModelFixture.h"
 
 namespace nalt {
 namespace {
@@ -18,56 +11,20 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class SelectionTest : public testing::Test {
+class SelectionTest : public ModelFixture {
 protected:
-  SelectionTest() : before_(Shell::install(&shell))
-  {
-    model->createEmpty();
-    group = make<fltapi::GroupRecord>(*model->fltFile()->header());
-    object = make<fltapi::ObjectRecord>(*group);
-  }
-  ~SelectionTest() override
-  {
-    model.reset();
-    Shell::install(before_);
-    Preferences::get() = {};
-  }
+  SelectionTest() : group(make<fltapi::GroupRecord>(header())), object(make<fltapi::ObjectRecord>(*group)) {}
 
-  template <class T>
-  T* make(fltapi::PrimNodeRecord& parent)
-  {
-    auto* record = model->fltFile()->create<T>();
-    parent.addChild(record, /*append=*/true);
-    record->assignUniqueName();
-    return record;
-  }
-  fltapi::FaceRecord* makeFace(fltapi::PrimNodeRecord& parent, const std::vector<osg::Vec3d>& corners)
-  {
-    auto* face = make<fltapi::FaceRecord>(parent);
-    auto* list = model->fltFile()->create<fltapi::VertexListRecord>();
-    face->addChild(list, /*append=*/true);
-    for (const auto& corner : corners) {
-      auto* vertex = model->fltFile()->create<fltapi::VertexRecord>();
-      vertex->setPosition(corner);
-      list->addVertex(vertex);
-    }
-    return face;
-  }
+  using ModelFixture::makeFace;
+  fltapi::FaceRecord* makeFace(const std::vector<osg::Vec3d>& corners) { return makeFace(*object, corners); }
   /// A unit square with its lower left corner at (x, y).
   fltapi::FaceRecord* makeSquare(double x, double y)
   {
-    return makeFace(*object, {{x, y, 0}, {x + 1, y, 0}, {x + 1, y + 1, 0}, {x, y + 1, 0}});
+    return makeFace({{x, y, 0}, {x + 1, y, 0}, {x + 1, y + 1, 0}, {x, y + 1, 0}});
   }
-  SelectionSet& selections() { return model->selections(); }
-  std::vector<std::string> names() { return selections().names(); }
 
-  RecordingShell shell;
-  std::unique_ptr<Model> model = std::make_unique<Model>(0, 0, 0, 0);
   fltapi::GroupRecord* group;
   fltapi::ObjectRecord* object;
-
-private:
-  Shell* before_;
 };
 
 TEST_F(SelectionTest, SelectAllTakesEverythingOfAMode)
@@ -148,7 +105,7 @@ TEST_F(SelectionTest, WithoutUndoThereIsNoCommand)
 
 TEST_F(SelectionTest, TogglingTheLastElementLeavesNoFamilyBehind)
 {
-  makeFace(*object, {{0, 0, 0}, {1, 0, 0}, {0, 1, 0}});
+  makeFace({{0, 0, 0}, {1, 0, 0}, {0, 1, 0}});
   auto* list = static_cast<fltapi::FaceRecord*>(object->primaryChildAt(0))->vertexList();
   EdgeSelection edge(SelectionMode::edge);
   edge.insert({list, list->vertexAt(0), list->vertexAt(1)});
@@ -287,7 +244,7 @@ TEST_F(SelectionTest, NamesFindNodesCornersAndEdges)
 TEST_F(SelectionTest, TheNumberOfCornersCounts)
 {
   makeSquare(0, 0);
-  makeFace(*object, {{0, 0, 0}, {1, 0, 0}, {0, 1, 0}});
+  makeFace({{0, 0, 0}, {1, 0, 0}, {0, 1, 0}});
   EXPECT_TRUE(selectByNumberOfVertices(*model, 3, false, true));
   EXPECT_THAT(names(), ElementsAre("p2"));
   EXPECT_FALSE(selectByNumberOfVertices(*model, 4, /*fromCurrent=*/true, true));
@@ -297,7 +254,7 @@ TEST_F(SelectionTest, TheNumberOfCornersCounts)
 
 TEST_F(SelectionTest, LocationIgnoresTheHeight)
 {
-  makeFace(*object, {{2, 3, 0}, {2, 3, 50}, {7, 3, 0}});
+  makeFace({{2, 3, 0}, {2, 3, 50}, {7, 3, 0}});
   EXPECT_TRUE(selectVerticesByLocation(*model, 2, 3.00005, true));
   EXPECT_THAT(names(), ElementsAre("p1/V0", "p1/V1"));
   EXPECT_FALSE(selectVerticesByLocation(*model, 2, 3.0001, true));
@@ -306,7 +263,7 @@ TEST_F(SelectionTest, LocationIgnoresTheHeight)
 TEST_F(SelectionTest, PolygonsOfFewerThanThreeCornersAreSlivers)
 {
   makeSquare(0, 0);
-  makeFace(*object, {{0, 0, 0}, {1, 0, 0}});
+  makeFace({{0, 0, 0}, {1, 0, 0}});
   make<fltapi::FaceRecord>(*object);
   EXPECT_TRUE(selectSliverPolygons(*model, true));
   EXPECT_THAT(names(), ElementsAre("p2", "p3"));
@@ -315,9 +272,9 @@ TEST_F(SelectionTest, PolygonsOfFewerThanThreeCornersAreSlivers)
 TEST_F(SelectionTest, ASliverIsThinAndSmallByOneTolerance)
 {
   Preferences::get().tolerance = 1;
-  makeFace(*object, {{0, 0, 0}, {1, 0, 0}, {1, 0.001, 0}});    // thin and small
-  makeFace(*object, {{0, 0, 0}, {1000, 0, 0}, {1000, 10, 0}}); // thin, but large
-  makeFace(*object, {{0, 0, 0}, {0.5, 0, 0}, {0, 0.5, 0}});    // small, but not thin
+  makeFace({{0, 0, 0}, {1, 0, 0}, {1, 0.001, 0}});    // thin and small
+  makeFace({{0, 0, 0}, {1000, 0, 0}, {1000, 10, 0}}); // thin, but large
+  makeFace({{0, 0, 0}, {0.5, 0, 0}, {0, 0.5, 0}});    // small, but not thin
   EXPECT_TRUE(selectSliverPolygons(*model, true));
   EXPECT_THAT(names(), ElementsAre("p1"));
 }
@@ -332,16 +289,28 @@ TEST_F(SelectionTest, TheOuterEdgesOfTwoSquaresAreNaked)
 
 TEST_F(SelectionTest, ANeighbourThatRunsTheSameWayDoesntCount)
 {
-  makeFace(*object, {{0, 0, 0}, {1, 0, 0}, {0, 1, 0}});
-  makeFace(*object, {{0, 0, 0}, {1, 0, 0}, {0, -1, 0}});
+  makeFace({{0, 0, 0}, {1, 0, 0}, {0, 1, 0}});
+  makeFace({{0, 0, 0}, {1, 0, 0}, {0, -1, 0}});
   EXPECT_TRUE(selectNakedEdges(*model, true));
   EXPECT_EQ(selections().size(), 6u);
 }
 
+TEST_F(SelectionTest, EdgesWithoutLengthOrPlaceAreNaked)
+{
+  const double none = std::nan("");
+  for (int i = 0; i < 40; ++i) { // all of their edges have one key
+    const osg::Vec3d point = i % 3 == 0 ? osg::Vec3d(none, i % 2, 0) : osg::Vec3d(40 - i, i % 5, 0);
+    makeFace({point, point});
+  }
+  EXPECT_TRUE(selectNakedEdges(*model, false));
+  // An edge from a point to itself and the one back are each other's neighbours, unless the point is nowhere.
+  EXPECT_EQ(selections().size(), 2U * 14);
+}
+
 TEST_F(SelectionTest, WithoutNakedEdgesTheSelectionStays)
 {
-  makeFace(*object, {{0, 0, 0}, {1, 0, 0}, {0, 1, 0}});
-  makeFace(*object, {{1, 0, 0}, {0, 0, 0}, {0, 1, 0}});
+  makeFace({{0, 0, 0}, {1, 0, 0}, {0, 1, 0}});
+  makeFace({{1, 0, 0}, {0, 0, 0}, {0, 1, 0}});
   selectAll(*model, SelectionMode::polygon, true);
   EXPECT_FALSE(selectNakedEdges(*model, true));
   EXPECT_THAT(names(), ElementsAre("p1", "p2"));
@@ -369,19 +338,24 @@ TEST_F(SelectionTest, ThePivotCanBePutElsewhereAndBack)
   selections().pivotListeners.push_back(&listener);
   makeSquare(0, 0);
   selectAll(*model, SelectionMode::polygon, false);
+  selections().settlePivot();
   changePivot(*model, {1.5, 2, -3}, true);
   EXPECT_EQ(selections().pivot(), osg::Vec3d(1.5, 2, -3));
+  selections().settlePivot();
   const auto& command = *model->commandStack().undoCommands().back();
   EXPECT_EQ(command.name(), "Change Pivot");
   EXPECT_EQ(command.scriptText(), "nalt.changePivot(1.5, 2, -3)");
   EXPECT_THAT(command.commentText(), testing::StartsWith("--\n-- nalt.changePivot(x, y, z)\n-- Changes the position"));
   model->commandStack().undo();
   EXPECT_EQ(selections().pivot(), osg::Vec3d(0.5, 0.5, 0));
+  selections().settlePivot();
+  selections().settlePivot();
   model->commandStack().redo();
   EXPECT_EQ(selections().pivot(), osg::Vec3d(1.5, 2, -3));
+  selections().settlePivot();
   const osg::Vec3d middle(0.5, 0.5, 0);
   const osg::Vec3d place(1.5, 2, -3);
-  EXPECT_THAT(listener.heard, ElementsAre(middle, place, middle, place));
+  EXPECT_THAT(listener.heard, ElementsAre(middle, place, middle, place)) << "each place once";
   selectAll(*model, SelectionMode::object, false);
   EXPECT_EQ(selections().pivot(), middle) << "another selection takes the pivot to its own middle";
 }
@@ -396,7 +370,7 @@ TEST_F(SelectionTest, APivotWithNothingSelectedGoesAwayOnUndo)
 
 TEST_F(SelectionTest, EveryChangeIsRecordedAsTheLineThatRepeatsIt)
 {
-  makeFace(*object, {{0, 0, 0}, {1, 0, 0}});
+  makeFace({{0, 0, 0}, {1, 0, 0}});
   auto* square = makeSquare(0, 0);
   const auto recorded = [&] { return model->commandStack().undoCommands().back()->scriptText(); };
   selectAll(*model, SelectionMode::polygon, true);
@@ -505,10 +479,31 @@ TEST_F(SelectionTest, FamiliesDontMix)
   EXPECT_FALSE(polygons->combine(*selectionOf(*group)));
   const auto sound = selectionOf(*make<fltapi::SoundRecord>(*group));
   EXPECT_FALSE(sound->add(*polygons));
+  EXPECT_FALSE(sound->remove(*polygons));
+  EXPECT_FALSE(sound->combine(*polygons));
   EXPECT_THAT(shell.messages, ElementsAre("WARNING: Can't add selection of other type than polygon.",
                                           "WARNING: Can't remove selection of other type than polygon.",
                                           "WARNING: Can't combine with selection of other type than polygon.",
-                                          "WARNING: Can't add selection of other type."));
+                                          "WARNING: Can't add selection of other type.",
+                                          "WARNING: Can't remove selection of other type.",
+                                          "WARNING: Can't combine with selection of other type."));
+  shell.messages.clear();
+  const std::pair<SelectionMode, std::string> words[] = {{SelectionMode::vertex, "vertex"},
+                                                         {SelectionMode::edge, "edge"},
+                                                         {SelectionMode::polygon, "polygon"},
+                                                         {SelectionMode::object, "object"},
+                                                         {SelectionMode::group, "group"},
+                                                         {SelectionMode::header, "group"},
+                                                         {SelectionMode::lightPointSystem, "group"},
+                                                         {SelectionMode::lod, "LOD"},
+                                                         {SelectionMode::dof, "DOF"},
+                                                         {SelectionMode::switchNode, "switch"},
+                                                         {SelectionMode::lightPoint, "light point"},
+                                                         {SelectionMode::external, "external"}};
+  for (const auto& [mode, word] : words) {
+    EXPECT_FALSE(Selection::make(mode)->add(*sound));
+    EXPECT_EQ(shell.messages.back(), "WARNING: Can't add selection of other type than " + word + ".");
+  }
 }
 
 } // namespace

@@ -1,15 +1,9 @@
 #include "core/Tool.h"
 
 #include "core/CommandStack.h"
-#include "core/Model.h"
-#include "fltapi/AllRecords.h"
-#include "fltapi/FltFile.h"
-#include "tests/core/RecordingShell.h"
+#include "tests/core/ModelFixture.h"
 
 #include <FL/Fl_Box.H>
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 namespace nalt {
 namespace {
 
@@ -60,15 +54,9 @@ protected:
   void run() override {}
 };
 
-class ToolTest : public testing::Test {
+class ToolTest : public ModelFixture {
 protected:
-  ToolTest() : before_(Shell::install(&shell)) { model->createEmpty(); }
-  ~ToolTest() override
-  {
-    model.reset();
-    Shell::install(before_);
-  }
-
+  ~ToolTest() override { model.reset(); } // the last tool still makes a note
   NotingTool& start(Tool::Writes writes = Tool::Writes::nothing)
   {
     auto owned = std::make_unique<NotingTool>(notes, writes);
@@ -76,32 +64,11 @@ protected:
     model->setTool(std::move(owned));
     return tool;
   }
-  fltapi::GroupRecord& addGroup(fltapi::FltFile& file)
-  {
-    auto* group = file.create<fltapi::GroupRecord>();
-    file.header()->addChild(group, /*append=*/true);
-    return *group;
-  }
+  fltapi::GroupRecord& addGroup() { return *make<fltapi::GroupRecord>(header()); }
   /// A group of another file that the model refers to.
-  fltapi::GroupRecord& addExternalGroup()
-  {
-    other_ = new fltapi::FltFile;
-    other_->initNew();
-    auto* external = model->fltFile()->create<fltapi::ExternalRecord>();
-    model->fltFile()->header()->addChild(external, /*append=*/true);
-    auto& group = addGroup(*other_);
-    group.setExternalFile(other_);
-    external->show(other_, "other.flt");
-    return group;
-  }
+  fltapi::GroupRecord& addExternalGroup() { return *addExternal().findChild<fltapi::GroupRecord>(); }
 
-  RecordingShell shell;
   std::vector<std::string> notes;
-  std::unique_ptr<Model> model = std::make_unique<Model>(0, 0, 100, 100);
-
-private:
-  Shell* before_;
-  osg::ref_ptr<fltapi::FltFile> other_;
 };
 
 } // namespace
@@ -117,7 +84,7 @@ TEST_F(ToolTest, AToolIsToldOfItsModelAndGuidesTheUser)
 
 TEST_F(ToolTest, AToolThatStartsOnASelectionIsToldOfIt)
 {
-  model->selections().select(selectionOf(addGroup(*model->fltFile())));
+  model->selections().select(selectionOf(addGroup()));
   start();
   EXPECT_THAT(notes, ElementsAre("panel", "selection"));
 }
@@ -166,7 +133,7 @@ TEST_F(ToolTest, AToolThatWritesDoesNotStartOnExternalGeometry)
 TEST_F(ToolTest, WhileAToolWritesNothingExternalCanBeSelected)
 {
   auto& external = addExternalGroup();
-  auto& own = addGroup(*model->fltFile());
+  auto& own = addGroup();
   start(Tool::Writes::records);
   auto& selections = model->selections();
   selections.select(selectionOf(own));
@@ -183,7 +150,7 @@ TEST_F(ToolTest, WhileAToolWritesNothingExternalCanBeSelected)
 
 TEST_F(ToolTest, AToolIsToldOfEveryChangeOfTheSelection)
 {
-  auto& group = addGroup(*model->fltFile());
+  auto& group = addGroup();
   start();
   notes.clear();
   model->selections().select(selectionOf(group));
@@ -227,7 +194,7 @@ TEST_F(ToolTest, TheGizmoFollowsTheSelectionsOfTheModel)
   model->setTool(std::make_unique<GizmoTool>(*gizmo));
   EXPECT_EQ(gizmo->follows, &model->selections());
   EXPECT_TRUE(model->tool()->sceneGroup().containsNode(gizmo.get()));
-  model->selections().select(selectionOf(addGroup(*model->fltFile())));
+  model->selections().select(selectionOf(addGroup()));
   EXPECT_EQ(gizmo->updates, 1);
   model->setTool(nullptr);
   EXPECT_EQ(gizmo->follows, nullptr);

@@ -106,9 +106,22 @@ private:
   std::map<const PrimNodeRecord*, osg::Matrixd> matrices_;
 };
 
+/// The corners of a polygon that has nothing else below it, null for all other nodes.
+const fltapi::VertexListRecord* onlyCornersOf(const PrimNodeRecord& node)
+{
+  if (node.opcode() != fltapi::opcodes::face || node.primaryChildCount() != 1 || node.userData()) return nullptr;
+  return node.findChild<fltapi::VertexListRecord>();
+}
+
 void expand(osg::BoundingBoxd& box, WorldMatrices& matrices, const FltNode& element)
 {
-  fltapi::FltBoundingSphereVisitor visitor(matrices.of(*element.node));
+  const auto& above = matrices.of(*element.node);
+  if (const auto* corners = onlyCornersOf(*element.node)) { // a visitor for each of a million polygons takes too long
+    for (const auto& vertex : corners->vertices())
+      box.expandBy(vertex->position() * above);
+    return;
+  }
+  fltapi::FltBoundingSphereVisitor visitor(above);
   element.node->accept(visitor);
   box.expandBy(visitor.box());
 }

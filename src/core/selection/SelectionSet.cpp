@@ -15,6 +15,7 @@
 #include "platform/Memory.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace nalt {
 
@@ -253,9 +254,11 @@ SelectionChange SelectionSet::asRecorded(const SelectionChange& change) const
 void SelectionSet::finish(Selections removed, Selections added, const SelectionChange& change)
 {
   const auto pivotBefore = pivot_;
-  if (change.updatePivot) pivot_.isStale = true;
+  if (change.updatePivot) {
+    pivot_.isStale = true;
+    pivotIsNews_ = true;
+  }
   tellListeners();
-  if (change.updatePivot) tellPivotListeners();
   if (!change.undoable) return;
   const auto recorded = asRecorded(change);
   const bool recordsEmpty = current_.empty() && (!change.byHand || recorded.byHand);
@@ -272,8 +275,8 @@ void SelectionSet::exchange(const Selections& leaving, const Selections& joining
   markSelected(leaving, false, model_.sync());
   markSelected(joining, true, model_.sync());
   pivot_ = pivot;
+  pivotIsNews_ = true;
   tellListeners();
-  tellPivotListeners();
 }
 
 void SelectionSet::tellListeners()
@@ -301,14 +304,13 @@ std::optional<osg::Vec3d> SelectionSet::pivot() const
 void SelectionSet::setPivot(const PivotState& pivot)
 {
   pivot_ = pivot;
-  tellPivotListeners();
+  pivotIsNews_ = true;
   model_.redrawViewports();
 }
 
-/// Without listeners nobody needs the pivot yet, and it isn't worked out.
-void SelectionSet::tellPivotListeners()
+void SelectionSet::settlePivot()
 {
-  if (pivotListeners.empty()) return;
+  if (pivotListeners.empty() || !std::exchange(pivotIsNews_, false)) return;
   const auto place = pivot();
   if (!place) return;
   for (auto* listener : pivotListeners)
@@ -358,6 +360,7 @@ void SelectionSet::forget(const fltapi::PrimNodeRecord& node)
   current_ = std::move(kept);
   markSelected(current_, true, model_.sync());
   pivot_.isStale = true;
+  pivotIsNews_ = true;
   tellListeners();
 }
 

@@ -20,7 +20,7 @@ public:
   virtual void selectionChanged(bool selected) = 0;
 };
 
-/// Is told when the pivot moved, which it also does with a change of the selection.
+/// Is told when the pivot moved, which it also does with a change of the selection: see SelectionSet::settlePivot.
 class PivotListener {
 public:
   virtual ~PivotListener() = default;
@@ -105,8 +105,12 @@ public:
   /// out when it is asked for.
   std::optional<osg::Vec3d> pivot() const;
   const PivotState& pivotState() const { return pivot_; }
-  /// Puts it elsewhere until the selection changes, and tells its listeners. No command: see PivotCommand.
+  /// Puts it elsewhere until the selection changes. No command: see PivotCommand.
   void setPivot(const PivotState& pivot);
+  /// Tells the pivot's listeners where it is if it may have moved since they were told. To be called before something
+  /// is drawn or found at the pivot: among millions of selected elements the place takes long to find, so it isn't
+  /// worked out at each of the changes between two pictures.
+  void settlePivot();
 
   /// Another record stands in the place of one that may be selected.
   void replaceRecord(fltapi::Record& oldRecord, fltapi::Record& newRecord);
@@ -133,12 +137,12 @@ private:
   SelectionChange asRecorded(const SelectionChange& change) const;
   void finish(Selections removed, Selections added, const SelectionChange& change);
   void tellListeners();
-  void tellPivotListeners();
 
   Model& model_;
   Selections current_;
   Selections previous_;
   mutable PivotState pivot_;
+  bool pivotIsNews_ = false; ///< to its listeners
   std::size_t freedElements_ = 0;
 };
 

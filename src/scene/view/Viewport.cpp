@@ -368,6 +368,7 @@ void Viewport::draw()
   camera_->handle(events_->frame(now), actions_);
   camera_->updateProjection();
   sceneView_->setViewMatrix(camera_->getInverseMatrix());
+  if (model_) model_->selections().settlePivot();
   if (const Sync* const sync = model_ ? model_->sync() : nullptr)
     cornerMarks_.update(*sync, traversalMask_, style_, preferences_);
   sceneView_->update();

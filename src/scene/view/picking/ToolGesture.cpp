@@ -42,6 +42,12 @@ bool ToolGesture::gridWants() const
 
 // ---- gadgets -------------------------------------------------------------------------------------------------------
 
+Gadget* ToolGesture::gadgetAt(const MouseRay& ray) const
+{
+  viewport_.model()->selections().settlePivot();
+  return tool()->gizmo()->pick(ray);
+}
+
 bool ToolGesture::beginGadget(const osg::Vec2d& window)
 {
   auto* current = tool();
@@ -51,7 +57,7 @@ bool ToolGesture::beginGadget(const osg::Vec2d& window)
     warnOfLostProjection();
     return false;
   }
-  dragged_ = current->gizmo()->pick(*ray);
+  dragged_ = gadgetAt(*ray);
   if (!dragged_) return false;
   user_ = current;
   current->setReleased(false);
@@ -78,7 +84,7 @@ void ToolGesture::hover(const osg::Vec2d& window)
   auto* current = tool();
   auto* gizmo = current ? current->gizmo() : nullptr;
   const auto ray = gizmo ? viewport_.projection().rayAt(window) : std::nullopt;
-  highlight(ray ? gizmo->pick(*ray) : nullptr);
+  highlight(ray ? gadgetAt(*ray) : nullptr);
 }
 
 void ToolGesture::leave()

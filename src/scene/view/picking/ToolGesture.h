@@ -39,6 +39,8 @@ private:
   };
 
   Tool* tool() const;
+  /// Of the current tool, which has a gizmo.
+  Gadget* gadgetAt(const MouseRay& ray) const;
   bool gridWants() const;
   bool beginGadget(const osg::Vec2d& window);
   bool endGadget(const osg::Vec2d& window);
