@@ -155,6 +155,13 @@ void DeleteCommand::replaceRecord(fltapi::Record& oldRecord, fltapi::Record& new
   for (auto& masks : masks_) {
     if (masks.node == &oldRecord && node) masks.node = node;
   }
+  for (auto& change : lists_) {
+    if (change.list == &oldRecord) change.list = static_cast<VertexListRecord*>(&newRecord);
+    for (auto* state : {&change.before, &change.after}) {
+      for (auto& vertex : state->vertices)
+        if (vertex == &oldRecord) vertex = static_cast<fltapi::VertexBaseRecord*>(&newRecord);
+    }
+  }
   selection_.replaceRecord(oldRecord, newRecord);
 }
 
