@@ -135,3 +135,9 @@ check(run("XDG_CONFIG_HOME=" .. here .. "settings", "settings.lua"),
   "WARNING: Existing settings file is from a newer version, writing default settings.\n" ..
   "0.0001\nExecuted " .. here .. "settings.lua.\n")
 assert(read(path):sub(1, 8) == settings:sub(1, 8))
+-- The folder for them is made with what is missing above it; where it can't be, the defaults do.
+check(run("XDG_CONFIG_HOME=" .. here .. "not/there/yet", "settings.lua"),
+  "0.0001\nExecuted " .. here .. "settings.lua.\n")
+assert(read("not/there/yet/Nalt/nalt.cfg") == settings)
+check(run("XDG_CONFIG_HOME=/dev/null", "settings.lua"),
+  "WARNING: Couldn't load or save settings file.\n0.0001\nExecuted " .. here .. "settings.lua.\n")

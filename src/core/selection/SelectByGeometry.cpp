@@ -164,8 +164,8 @@ void sortByKey(KeyedEdges& edges)
   edges = std::move(dealt);
 }
 
-/// A line on which points that are near each other have near places, and few others do. A point that has no place, being
-/// near to none, is put anywhere: what isn't a number can't be sorted.
+/// A line on which points that are near each other have near places, and few others do. A point that has no place,
+/// being near to none, is put anywhere: what isn't a number can't be sorted.
 double placeOnLine(const osg::Vec3d& point)
 {
   const double place = point.x() * 0.5773 + point.y() * 0.7071 + point.z() * 0.4142;
