@@ -1,5 +1,5 @@
 # One place for what comes from outside. Targets: nalt::osg, nalt::fltk, nalt::gl, PkgConfig::LUA,
-# PkgConfig::SPNAV, LibXml2::LibXml2.
+# PkgConfig::SPNAV, nalt::rsvg, LibXml2::LibXml2.
 set(OpenGL_GL_PREFERENCE GLVND)
 set(FLTK_SKIP_FLUID ON)
 set(FLTK_SKIP_FORMS ON)
@@ -13,6 +13,7 @@ find_package(PkgConfig REQUIRED)
 # The C++ build of Lua: an error then unwinds destructors instead of jumping over them.
 pkg_check_modules(LUA REQUIRED IMPORTED_TARGET lua5.2-c++)
 pkg_check_modules(SPNAV REQUIRED IMPORTED_TARGET spnav)
+pkg_check_modules(RSVG REQUIRED librsvg-2.0)
 
 add_library(nalt_osg INTERFACE)
 target_include_directories(nalt_osg SYSTEM INTERFACE ${OPENSCENEGRAPH_INCLUDE_DIRS})
@@ -23,6 +24,12 @@ add_library(nalt_fltk INTERFACE)
 target_include_directories(nalt_fltk SYSTEM INTERFACE ${FLTK_INCLUDE_DIR})
 target_link_libraries(nalt_fltk INTERFACE ${FLTK_LIBRARIES})
 add_library(nalt::fltk ALIAS nalt_fltk)
+
+# Without the compiler flags that its package names: these would part precompiled headers.
+add_library(nalt_rsvg INTERFACE)
+target_include_directories(nalt_rsvg SYSTEM INTERFACE ${RSVG_INCLUDE_DIRS})
+target_link_libraries(nalt_rsvg INTERFACE ${RSVG_LINK_LIBRARIES})
+add_library(nalt::rsvg ALIAS nalt_rsvg)
 
 add_library(nalt_gl INTERFACE)
 target_link_libraries(nalt_gl INTERFACE OpenGL::GL OpenGL::GLU OpenGL::EGL)

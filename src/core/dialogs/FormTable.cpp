@@ -10,6 +10,8 @@ template <class... Cases>
 struct Overloaded : Cases... {
   using Cases::operator()...;
 };
+template <class... Cases>
+Overloaded(Cases...) -> Overloaded<Cases...>; // Clang 16 can't tell this by itself
 
 bool isWhole(const FieldValue& value)
 {

@@ -27,8 +27,7 @@ std::vector<std::uint8_t> draw(const char* name, int width, int height)
 {
   for (const IconSource& source : iconTable()) {
     if (std::string_view(source.name) != name) continue;
-    const auto raster = drawSvg(source.svg, width, height);
-    return raster ? raster->pixels() : std::vector<std::uint8_t>();
+    return drawSvg(source.svg, width, height);
   }
   return {};
 }

@@ -1,15 +1,14 @@
 #pragma once
 
-#include "core/drawing/Raster.h"
-
-#include <optional>
+#include <cstdint>
 #include <string_view>
+#include <vector>
 
 namespace nalt {
 
-/// Draws a picture in the part of SVG that the program's own pictures use: svg with viewBox, g, path, rect, circle,
-/// ellipse, line, polyline, polygon; fill, stroke, stroke-width, opacity, transform; linearGradient in user space.
-/// Lines have round ends and corners. Null when `svg` isn't a picture.
-std::optional<Raster> drawSvg(std::string_view svg, int width, int height);
+/// Draws an SVG picture as large as it fits into `width` by `height` pixels, in their middle. Four bytes a pixel: red,
+/// green, blue (not premultiplied) and how much covers, rows from the top. Empty when `svg` isn't a picture. Needs no
+/// display.
+std::vector<std::uint8_t> drawSvg(std::string_view svg, int width, int height);
 
 } // namespace nalt
