@@ -1,11 +1,14 @@
 // Picking in grids of quads: a click, a click in vertex mode, and boxes around all or a part of them.
 #include "app/Gui.h"
 #include "core/Model.h"
+#include "core/selection/SelectOperations.h"
 #include "fltapi/AllRecords.h"
 #include "fltapi/FltFile.h"
+#include "scene/view/CornerMarks.h"
 #include "scene/view/Viewport.h"
 #include "scene/view/ViewportLayout.h"
 
+#include <FL/Fl.H>
 #include <benchmark/benchmark.h>
 #include <cmath>
 #include <map>
@@ -47,6 +50,7 @@ public:
 
   Picker picker() { return view_->picker(); }
   Model& model() { return model_; }
+  Viewport& view() { return *view_; }
   /// In the window, a share of the grid from its lower left corner.
   osg::Vec2d at(double x, double y) { return *view_->projection().toWindow(osg::Vec3d(x * side_, y * side_, 0)); }
 
@@ -107,5 +111,48 @@ BENCHMARK_CAPTURE(pick, boxAroundAll, SelectionMode::polygon, -0.01, -0.01, 1.01
 BENCHMARK_CAPTURE(pick, boxAroundHalf, SelectionMode::polygon, -0.01, -0.01, 0.5, 1.01)->Apply(sizes);
 BENCHMARK_CAPTURE(pick, boxAroundAllObjects, SelectionMode::object, -0.01, -0.01, 1.01, 1.01)->Apply(sizes);
 BENCHMARK_CAPTURE(pick, boxAroundAllVertices, SelectionMode::vertex, -0.01, -0.01, 1.01, 1.01)->Apply(sizes);
+
+/// The mouse goes over the model, and draws a band over it.
+void moveMouse(benchmark::State& state)
+{
+  shell();
+  auto& view = Grid::of(static_cast<int>(state.range(0))).view();
+  view.selectionGesture().press({100, 100});
+  int step = 0;
+  for (auto _ : state) {
+    Fl::e_x = 100 + ++step % 500;
+    Fl::e_y = 100;
+    Fl::e_state = 0;
+    view.handle(FL_MOVE);
+    Fl::e_state = FL_BUTTON1;
+    view.handle(FL_DRAG);
+  }
+  view.selectionGesture().cancel();
+}
+
+/// What a frame spends on the normals of the selection, all of it, while that doesn't change.
+void keepNormalsOfSelection(benchmark::State& state)
+{
+  shell();
+  auto& grid = Grid::of(static_cast<int>(state.range(0)));
+  auto& model = grid.model();
+  if (!selectAll(model, SelectionMode::polygon, false)) {
+    state.SkipWithError("nothing selected");
+    return;
+  }
+  ViewStyle style;
+  style.normals = true;
+  ViewportPreferences preferences;
+  preferences.normalsOnlySelection = true;
+  CornerMarks marks;
+  marks.watch(&model.selections());
+  marks.update(*model.sync(), grid.view().bits(), style, preferences);
+  for (auto _ : state)
+    marks.update(*model.sync(), grid.view().bits(), style, preferences);
+  model.selections().clear({.undoable = false});
+}
+
+BENCHMARK(moveMouse)->Arg(10'000)->Arg(1'000'000);
+BENCHMARK(keepNormalsOfSelection)->Arg(10'000)->Arg(1'000'000);
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "scene/view/ViewportActions.h"
 
+#include "core/MenuLabel.h"
 #include "core/Model.h"
 #include "core/Preferences.h"
 #include "core/Shell.h"
@@ -231,7 +232,7 @@ Fl_Menu_Item itemOf(const ViewportAction& action, const Viewport* viewport, Fl_C
   if (action.isOn) flags |= action.isChoice ? FL_MENU_RADIO : FL_MENU_TOGGLE;
   if (viewport && action.isOn && action.isOn(*viewport)) flags |= FL_MENU_VALUE;
   void* data = const_cast<ViewportAction*>(&action); // FLTK's user data is never const; readers take it as const again
-  return {action.label, action.key, callback, data, flags, 0, FL_HELVETICA, textSize, 0};
+  return {action.label, action.key, callback, data, flags, menuLabel(), FL_HELVETICA, textSize, 0};
 }
 
 /// Whether FLTK's current key event is `key`, which has FL_SHIFT or no modifier at all.

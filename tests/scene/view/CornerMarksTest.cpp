@@ -4,6 +4,7 @@
 #include "scene/image/DofPreview.h"
 #include "scene/view/ViewportCount.h"
 #include "tests/scene/view/SmallScene.h"
+#include "tests/scene/view/VisitCount.h"
 
 #include <osg/Geometry>
 #include <osg/NodeVisitor>
@@ -21,17 +22,6 @@ public:
     if (geometry.getVertexArray()) count += geometry.getVertexArray()->getNumElements();
   }
   unsigned count = 0;
-};
-
-/// Counts who comes by.
-class VisitCount : public osg::Node {
-public:
-  void accept(osg::NodeVisitor& visitor) override
-  {
-    ++count;
-    osg::Node::accept(visitor);
-  }
-  int count = 0;
 };
 
 class CornerMarksTest : public SmallScene {

@@ -1,5 +1,6 @@
 #include "core/Tool.h"
 #include "tests/scene/view/PickingFixture.h"
+#include "tests/scene/view/VisitCount.h"
 
 #include <FL/Fl.H>
 
@@ -122,6 +123,28 @@ TEST_F(ViewportMouse, ADragWithNoneOfTheThreeButtonsIsRefused)
   testing::internal::CaptureStderr();
   EXPECT_EQ(send(FL_DRAG, onOne(), 4, FL_SHIFT), 0);
   EXPECT_EQ(testing::internal::GetCapturedStderr(), "Unknown mouse button: " + std::to_string(FL_SHIFT) + "\n");
+}
+
+TEST_F(ViewportMouse, MovingTheMouseLooksAtNothingOfTheModel)
+{
+  view();
+  const osg::ref_ptr<VisitCount> visits = new VisitCount;
+  model->sceneRoot()->addChild(visits);
+  model->setTool(std::make_unique<CountingTool>());
+  send(FL_MOVE, at(0, 0), 0);
+  send(FL_MOVE, onOne(), 0);
+  send(FL_PUSH, at(-1, -1), FL_LEFT_MOUSE);
+  send(FL_DRAG, at(3, 3), FL_LEFT_MOUSE, FL_BUTTON1);
+  send(FL_PUSH, {100, 100}, FL_MIDDLE_MOUSE);
+  send(FL_DRAG, {110, 130}, FL_MIDDLE_MOUSE, FL_BUTTON2);
+  send(FL_RELEASE, {110, 130}, FL_MIDDLE_MOUSE);
+  send(FL_PUSH, {100, 100}, FL_RIGHT_MOUSE);
+  send(FL_DRAG, {110, 130}, FL_RIGHT_MOUSE, FL_BUTTON3);
+  send(FL_RELEASE, {110, 130}, FL_RIGHT_MOUSE);
+  EXPECT_EQ(visits->count, 0);
+  send(FL_PUSH, onOne(), FL_LEFT_MOUSE);
+  send(FL_RELEASE, onOne(), FL_LEFT_MOUSE);
+  EXPECT_GT(visits->count, 0) << "it would be counted";
 }
 
 TEST_F(ViewportMouse, APressMakesTheViewportTheActiveOne)
