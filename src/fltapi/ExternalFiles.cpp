@@ -32,27 +32,32 @@ osg::ref_ptr<FltFile> ExternalFiles::find(const Key& key)
 
 osg::ref_ptr<FltFile> ExternalFiles::findOneOfTooMany(const Key& key)
 {
-  constexpr int tooMany = 256;
-  const auto isOfKind = [&](const auto& entry) {
-    return entry.first.path == key.path && entry.first.ownPalettes == key.ownPalettes && entry.second.valid();
-  };
-  if (std::ranges::count_if(files_, isOfKind) < tooMany) return nullptr;
-  const Key any = std::ranges::find_if(files_, isOfKind)->first;
-  return find(any);
+  constexpr int tooMany = 1024; // more than a landscape has tiles that show one tree
+  const Key first{key.path, key.ownPalettes, nullptr};
+  int count = 0;
+  for (auto entry = files_.lower_bound(first); entry != files_.end(); ++entry) {
+    const Key& other = entry->first;
+    if (other.path != key.path || other.ownPalettes != key.ownPalettes) break;
+    count += entry->second.valid() ? 1 : 0;
+    if (count >= tooMany) return find(Key(other));
+  }
+  return nullptr;
 }
 
 void ExternalFiles::add(const Key& key, FltFile& file, std::filesystem::file_time_type time)
 {
-  std::erase_if(loaded_, [](const Loaded& entry) { return !entry.file.valid(); });
-  loaded_.push_back({&file, key.path, time});
+  if (loaded_.size() >= mostLoaded_) {
+    std::erase_if(loaded_, [](const auto& entry) { return !entry.second.file.valid(); });
+    mostLoaded_ = 64 + 2 * loaded_.size();
+  }
+  loaded_.insert_or_assign(&file, Loaded{&file, key.path, time});
   files_[key] = &file;
 }
 
 bool ExternalFiles::isOutdated(const FltFile& file) const
 {
-  const auto entry =
-      std::ranges::find_if(loaded_, [&](const Loaded& loaded) { return loaded.file.valid() && loaded.file == &file; });
-  return entry != loaded_.end() && isNewerOnDisk(entry->path, entry->time);
+  const auto entry = loaded_.find(&file);
+  return entry != loaded_.end() && entry->second.file.valid() && isNewerOnDisk(entry->second.path, entry->second.time);
 }
 
 void ExternalFiles::forget(const std::string& canonicalPath)

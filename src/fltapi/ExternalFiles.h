@@ -73,13 +73,14 @@ public:
 private:
   /// Every file that was added and still lives, also one that newer content has taken the place of.
   struct Loaded {
-    osg::observer_ptr<FltFile> file;
+    osg::observer_ptr<FltFile> file; ///< a new one may stand where one has gone
     std::string path;
     std::filesystem::file_time_type time;
   };
 
   std::map<Key, osg::observer_ptr<FltFile>> files_;
-  std::vector<Loaded> loaded_;
+  std::map<const FltFile*, Loaded> loaded_;
+  std::size_t mostLoaded_ = 64; ///< before those that are gone are sorted out
   int levels_ = 0;
   std::set<std::string> loading_;
 };
