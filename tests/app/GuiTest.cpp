@@ -235,6 +235,14 @@ TEST_F(GuiTest, WithoutAPathThereIsNothingToSaveTo)
   EXPECT_THAT(said, ElementsAre("WARNING: Empty filename."));
 }
 
+TEST_F(GuiTest, AModelWithoutADocumentCannotBeSaved)
+{
+  gui.setCurrentModel(gui.addModel(gui.makeModel()));
+  EXPECT_FALSE(gui.saveModelAs(folder / "a.flt", 1620, true));
+  EXPECT_THAT(said, ElementsAre("WARNING: Missing header record."));
+  EXPECT_FALSE(std::filesystem::exists(folder / "a.flt"));
+}
+
 TEST_F(GuiTest, AnOldFileStaysOldWhenTheUserWantsThat)
 {
   gui.openModel(savedModel("old.flt", 1570), true);
@@ -375,6 +383,14 @@ TEST_F(GuiTest, ImportsAreSortedOut)
   EXPECT_THAT(said, ElementsAre("WARNING: Invalid import file /x/a.lua"));
 }
 
+TEST_F(GuiTest, AnImportThatFailsIsToldAndLeavesNoTab)
+{
+  gui.importFiles({"/x/a.obj", "/x/b.OBJ"});
+  gui.files().waitUntilIdle();
+  EXPECT_THAT(said, ElementsAre("WARNING: Couldn't import file /x/a.obj", "WARNING: Couldn't import file /x/b.OBJ"));
+  EXPECT_EQ(gui.modelCount(), 0);
+}
+
 TEST_F(GuiTest, DroppedFilesAreOpened)
 {
   const std::string path = savedModel("a b.flt");
@@ -384,7 +400,7 @@ TEST_F(GuiTest, DroppedFilesAreOpened)
   EXPECT_EQ(gui.currentModel()->path(), path);
 }
 
-TEST_F(GuiTest, ASilencedMessageIsPrintedOnlyOnceByItsWords)
+TEST_F(GuiTest, MessagesGoToTheOutputWhileThereIsNoWindow)
 {
   gui.warning("one");
   gui.info("two", false, MessageId::saveVersion);
@@ -425,6 +441,8 @@ TEST(FileJob, TextsNameTheFile)
   EXPECT_EQ(progressTextFor(fileOperation(FileOperationKind::save), "/a.flt"), "Saving file: /a.flt...");
   EXPECT_EQ(progressTextFor(fileOperation(FileOperationKind::revert), "/a.flt"), "Reverting file: /a.flt...");
   EXPECT_EQ(progressTextFor(fileOperation(FileOperationKind::import), "/a.obj"), "Importing file: /a.obj...");
+  EXPECT_EQ(progressTextFor(fileOperation(FileOperationKind::revertExternals), "/a.flt"), "Reverting externals...");
+  EXPECT_EQ(progressTextFor(fileOperation(FileOperationKind::loadExternals), "/a.flt"), "Loading externals...");
 }
 
 } // namespace nalt

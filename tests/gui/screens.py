@@ -1,11 +1,12 @@
 #!/usr/bin/env python3
-"""screens.py PROGRAM PICTURES: what test-screens runs on screens of several sizes: every window, dialog and menu is
-opened, lies on the screen, and leaves a picture there for people to look at."""
+"""screens.py PROGRAM PICTURES: what test-screens and its kin run on screens of several sizes: every window, dialog and
+menu is opened, lies on the screen, and leaves a picture for people to look at."""
 import re
+import struct
 import subprocess
 import time
 
-from nalt_gui import SPLASH, WARNING, Picture, WindowManager, check, equal, poll, run, xdotool
+from nalt_gui import MAIN, SPLASH, WARNING, Picture, WindowManager, check, equal, poll, run, xdotool
 
 
 def screen_size():
@@ -23,44 +24,57 @@ SUBMENUS = ("fp", "vu", "vv", "tx", "tc", "ts", "tt", "tm", "ta")
 VIEWPORT_SUBMENUS = ("viewpoint", "appearance", "lighting", "grid", "hiding")
 
 
-def screen():
-    return Picture(0, 0, WIDTH, HEIGHT)
-
-
 def shot(session, name):
     session.picture_file(PREFIX + name)
 
 
-def maximize(session):
-    """As far as the screen allows."""
-    xdotool("windowstate", "--add", "MAXIMIZED_HORZ", "--add", "MAXIMIZED_VERT", session.main)
-    poll("a window as wide as the screen", lambda: session.geometry(session.main)[2] == WIDTH)
+def remember_maximized(session):
+    """Settings as a maximized window leaves them, without preferences."""
+    path = session.home / ".config/Nalt/nalt.cfg"
+    path.parent.mkdir(parents=True, exist_ok=True)
+    path.write_bytes(struct.pack(">d4ib", 2.4, 100, 100, 1362, 740, 1).ljust(4128, b"\0"))
+
+
+def launch(session, *files):
+    if LARGE:
+        remember_maximized(session)
+    session.launch(*files)
+    session.main = session.window(MAIN)
 
 
 def start(session, *files):
-    session.start(*files)
+    launch(session, *files)
+    session.close_splash()
+    session.focus_main()
     if files:
         session.wait_for_title(f"Nalt - {files[-1]}")
     if LARGE:
-        maximize(session)
+        poll("a window as wide as the screen", lambda: session.geometry(session.main)[2] >= WIDTH - 4)
 
 
-def on_screen(session, window):
-    x, y, w, h = session.geometry(window)
+def place(window):
+    """x, y, w, h without the window manager's frame."""
+    text = subprocess.run(["xwininfo", "-id", str(window)], capture_output=True, text=True, check=True).stdout
+    return tuple(int(re.search(rf"{name}:\s+(-?\d+)", text).group(1))
+                 for name in ("Absolute upper-left X", "Absolute upper-left Y", "Width", "Height"))
+
+
+def on_screen(window):
+    x, y, w, h = place(window)
     check(x >= 0 and y >= 0 and x + w <= WIDTH and y + h <= HEIGHT,
           f"{xdotool('getwindowname', window).strip()} is at {x}, {y}, {w} by {h}")
 
 
 def picture_of_dialog(session, title, name):
     window = session.window(f"^{title}$")
-    poll(f"{title} to be drawn", lambda: still(session, window))
-    on_screen(session, window)
+    poll(f"{title} to be drawn", lambda: still(window))
+    on_screen(window)
     shot(session, name)
     return window
 
 
-def still(session, window):
-    x, y, w, h = session.geometry(window)
+def still(window):
+    x, y, w, h = place(window)
     first = Picture(x, y, w, h)
     return len(set(first.data)) > 2 and first == Picture(x, y, w, h)
 
@@ -78,14 +92,14 @@ def close(session, title):
 
 def everything_fits(session):
     """The main window as it is without a model, and with one."""
-    session.start()
+    start(session)
     shot(session, "window-empty")
     session.key("ctrl+q")
     equal(session.wait_for_exit(), 0, "the exit status")
     start(session, session.make_model("cube.flt"))
-    on_screen(session, session.main)
+    on_screen(session.main)
     session.key("shift+f", "ctrl+a")
-    poll("what is selected", lambda: still(session, session.main))
+    poll("what is selected", lambda: still(session.main))
     shot(session, "window")
     session.key("ctrl+q")
     equal(session.wait_for_exit(), 0, "the exit status")
@@ -99,35 +113,48 @@ def menus_open(session):
     for letters in SUBMENUS:
         open_menu(session, "menu-" + letters, "alt+" + letters[0], *letters[1:])
     for number, name in enumerate(VIEWPORT_SUBMENUS):
-        open_menu(session, "menu-viewport-" + name, "alt+v", "v", *["Down"] * (number + 1), "Right")
-    before = poll("a screen at rest", screen_at_rest)
+        open_menu(session, "menu-viewport-" + name, "alt+v", "v", "Right", *["Down"] * number)
+    before = windows_on_screen()
     x, y = session.view_centre()
     xdotool("keydown", "alt", "keydown", "ctrl")
     session.click(x, y, button=3)
     xdotool("keyup", "alt", "keyup", "ctrl")
+    poll("the pop-up menu", lambda: windows_on_screen() > before)
     picture_of_menu(session, before, "menu-popup")
 
 
-def screen_at_rest():
-    first = screen()
-    time.sleep(0.2)
-    return first if first == screen() else None
+def windows_on_screen():
+    """Their number, menus and frames among them."""
+    return subprocess.run(["xwininfo", "-root", "-children"], capture_output=True, text=True, check=True).stdout.count(
+        " 0x")
 
 
 def open_menu(session, name, *keys):
     session.focus_main()
-    before = poll("a screen at rest", screen_at_rest)
+    before = last = windows_on_screen()
     for key in keys:
         xdotool("key", key)
+        if key == "Down":  # one menu goes, another one comes
+            continue
+        poll(f"{key} to open a menu for {name}", lambda: windows_on_screen() > last)
+        last = windows_on_screen()
     picture_of_menu(session, before, name)
 
 
 def picture_of_menu(session, before, name):
-    poll(f"{name} on the screen", lambda: (now := screen_at_rest()) and now != before)
+    poll(f"{name} to be drawn", lambda: at_rest(session))
     shot(session, name)
-    for _ in range(3):
+    for _ in range(4):
         xdotool("key", "Escape")
-    poll(f"{name} to go", lambda: screen_at_rest() == before)
+    poll(f"{name} to go", lambda: windows_on_screen() == before)
+
+
+def at_rest(session):
+    x, y, _, _ = place(session.main)
+    def part():
+        return Picture(x + 150, y + 40, 400, 400)
+    first = part()
+    return first == part()
 
 
 def dialogs_open(session):
@@ -185,17 +212,17 @@ def previews_open(session):
     picture_of_dialog(session, "Preview Animation", "dialog-preview-animation")
 
 
-def messages_open(session):
-    session.launch(session.make_model("old.flt", "--version", "1570"))
-    session.main = session.window(r"^Nalt( - .*)?$")
-    session.window(SPLASH)
+def splash_and_messages_open(session):
+    launch(session)
+    window = session.window(SPLASH)
     shot(session, "splash")
-    session.window(WARNING)
-    session.wait_until_gone(SPLASH)
+    on_screen(window)
+    session.close_splash()
+    session.focus_main()
+    session.key("ctrl+o")
+    session.choose_file("^Open File$", session.make_model("old.flt", "--version", "1570"))
     picture_of_dialog(session, WARNING.strip("^$"), "dialog-warning")
     session.answer(WARNING, "Return")
-    if LARGE:
-        maximize(session)
     session.key("shift+f", "ctrl+a", "Delete")
     poll("a changed model", lambda: session.title().endswith("*"))
     session.key("ctrl+w")
@@ -204,6 +231,7 @@ def messages_open(session):
 
 
 if SMALL:
-    run(everything_fits)
+    run(everything_fits)  # and that's all
 with WindowManager():
-    run(everything_fits, menus_open, dialogs_open, viewport_preferences_open, previews_open, messages_open)
+    run(everything_fits, menus_open, dialogs_open, viewport_preferences_open, previews_open,
+        splash_and_messages_open)
