@@ -168,7 +168,15 @@ class Session:
 
     def window(self, title):
         """The window with that title, when it is there."""
-        return poll(f"a window with the title {title}", lambda: self.windows(title))[-1]
+        window = poll(f"a window with the title {title}", lambda: self.windows(title))[-1]
+        places = [self.geometry(window)]
+
+        def rests():  # a window manager moves it when it is there already
+            time.sleep(0.03)
+            places.append(self.geometry(window))
+            return places[-1] == places[-2]
+        poll(f"the window {title} to find its place", rests)
+        return window
 
     def wait_until_gone(self, title):
         poll(f"the window with the title {title} to go", lambda: not self.windows(title))
