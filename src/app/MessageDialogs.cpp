@@ -2,11 +2,11 @@
 
 #include "app/ModalWindow.h"
 #include "core/Model.h"
+#include "core/dialogs/CheckBox.h"
 #include "core/drawing/Icons.h"
 
 #include <FL/Fl.H>
 #include <FL/Fl_Box.H>
-#include <FL/Fl_Check_Button.H>
 #include <FL/Fl_Return_Button.H>
 #include <FL/fl_draw.H>
 
@@ -68,7 +68,7 @@ public:
     label->labelsize(textSize);
     label->align(FL_ALIGN_INSIDE | FL_ALIGN_LEFT | FL_ALIGN_WRAP);
     if (canSilence) {
-      silence_ = new Fl_Check_Button(label->x(), margin + size.h + gap, size.w, buttonHeight, "Don't show again");
+      silence_ = new CheckBox(label->x(), margin + size.h + gap, size.w, buttonHeight, "Don't show again");
       silence_->labelsize(textSize);
     }
     const int count = static_cast<int>(choices.size());
@@ -113,7 +113,7 @@ private:
   std::string text_;
   Answer answer_;
   std::unique_ptr<ModalWindow> window_;
-  Fl_Check_Button* silence_ = nullptr;
+  CheckBox* silence_ = nullptr;
   std::vector<std::unique_ptr<Link>> links_;
 };
 

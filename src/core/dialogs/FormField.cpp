@@ -1,10 +1,10 @@
 #include "core/dialogs/FormField.h"
 
+#include "core/dialogs/CheckBox.h"
 #include "core/dialogs/ColorButton.h"
 #include "core/dialogs/DialogStyle.h"
 #include "core/dialogs/Form.h"
 
-#include <FL/Fl_Check_Button.H>
 #include <FL/Fl_Choice.H>
 #include <FL/Fl_Hor_Value_Slider.H>
 #include <FL/Fl_Input.H>
@@ -28,7 +28,7 @@ public:
   CheckField(const FormRow& row, bool& target, int x, int y, int w, std::function<void()> changed)
       : FormField(row, &target, std::move(changed)),
         target_(target),
-        button_(new Fl_Check_Button(x, y, std::min(w, dialogTextWidth(row.label) + checkExtra), rowHeight, row.label))
+        button_(new CheckBox(x, y, std::min(w, dialogTextWidth(row.label) + checkExtra), rowHeight, row.label))
   {
     prepare(*button_);
   }
@@ -38,7 +38,7 @@ public:
 
 private:
   bool& target_;
-  Fl_Check_Button* button_;
+  CheckBox* button_;
 };
 
 class NumberField : public FormField {
