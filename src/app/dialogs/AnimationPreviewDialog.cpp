@@ -3,6 +3,7 @@
 #include "app/Gui.h"
 #include "core/Model.h"
 #include "core/dialogs/DialogStyle.h"
+#include "core/dialogs/DialogText.h"
 #include "fltapi/AllRecords.h"
 
 #include <FL/Fl.H>
@@ -40,9 +41,7 @@ AnimationPreviewDialog::AnimationPreviewDialog(Gui& gui) : DialogWindow(width, h
   browser_ = new Fl_Multi_Browser(margin, margin, inner, listHeight);
   browser_->textsize(textSize);
   browser_->tooltip("The animated groups to play; all of them when none is selected");
-  state_ = new Fl_Box(margin, margin + listHeight + rowGap, inner, rowHeight);
-  state_->labelsize(textSize);
-  state_->align(FL_ALIGN_INSIDE | FL_ALIGN_LEFT | FL_ALIGN_CLIP);
+  state_ = addDialogText(margin, margin + listHeight + rowGap, inner, "");
   const auto buttons = addDialogButtons(width, height, actions_,
                                         {{"&Play", [this] { play(); }, /*isDefault=*/true, "Play from the start"},
                                          {"&Stop", [this] { stop(); }, false, "Show everything as before"},

@@ -3,6 +3,7 @@
 #include "app/Gui.h"
 #include "core/Model.h"
 #include "core/dialogs/DialogStyle.h"
+#include "core/dialogs/DialogText.h"
 #include "core/dialogs/Form.h"
 #include "fltapi/AllRecords.h"
 
@@ -28,14 +29,6 @@ constexpr int labelWidth = 60;
 constexpr int numberWidth = 76;
 constexpr int decimals = 3;
 
-Fl_Box* addText(int x, int y, int w, const char* text, Fl_Align align)
-{
-  auto* box = new Fl_Box(x, y, w, rowHeight, text);
-  box->labelsize(textSize);
-  box->align(align | FL_ALIGN_INSIDE);
-  return box;
-}
-
 double rounded(double value)
 {
   const double scale = std::pow(10.0, decimals);
@@ -59,7 +52,7 @@ DofPreviewDialog::DofPreviewDialog(Gui& gui) : DialogWindow(width, 0, "Preview D
   const int x = margin + labelWidth + fieldGap;
   const int fieldWidth = width - margin - x;
   int y = margin;
-  addText(margin, y, labelWidth, "DOF:", FL_ALIGN_RIGHT);
+  addDialogText(margin, y, labelWidth, "DOF:", FL_ALIGN_RIGHT);
   choice_ = new Fl_Choice(x, y, fieldWidth, rowHeight);
   choice_->textsize(textSize);
   choice_->tooltip("The degree of freedom to move");
@@ -67,7 +60,7 @@ DofPreviewDialog::DofPreviewDialog(Gui& gui) : DialogWindow(width, 0, "Preview D
   y += rowHeight + groupGap;
   for (std::size_t n = 0; n < sliders_.size(); ++n) {
     const DofChannel& channel = dofChannels()[n];
-    addText(margin, y, labelWidth, channel.label, FL_ALIGN_RIGHT);
+    addDialogText(margin, y, labelWidth, channel.label, FL_ALIGN_RIGHT);
     auto* number = new Fl_Value_Input(x, y, numberWidth, rowHeight);
     number->textsize(textSize);
     actions_.connect(*number, [this, n] { move(n, numbers_[n]->clamp(numbers_[n]->value())); });

@@ -4,6 +4,7 @@
 #include "app/Gui.h"
 #include "core/Model.h"
 #include "core/dialogs/DialogStyle.h"
+#include "core/dialogs/DialogText.h"
 #include "platform/Paths.h"
 
 #include <FL/Fl_Box.H>
@@ -38,15 +39,6 @@ std::string lineOf(const ExternalReferenceInfo& info)
   return "@." + info.path + "\t@." + stateInWords(info) + "\t@." + usesInWords(info.references);
 }
 
-Fl_Box* addText(int x, int y, int w, const char* text)
-{
-  auto* box = new Fl_Box(x, y, w, rowHeight, text);
-  box->labelsize(textSize);
-  box->labeltype(plainLabel());
-  box->align(FL_ALIGN_INSIDE | FL_ALIGN_LEFT | FL_ALIGN_CLIP);
-  return box;
-}
-
 } // namespace
 
 ExternalReferencesDialog::ExternalReferencesDialog(Gui& gui)
@@ -62,7 +54,7 @@ ExternalReferencesDialog::ExternalReferencesDialog(Gui& gui)
   browser_->column_widths(columns_);
   browser_->column_char('\t');
   actions_.connect(*browser_, [this] { updateButtons(); });
-  found_ = addText(margin, margin + listHeight + rowGap, inner, "");
+  found_ = addDialogText(margin, margin + listHeight + rowGap, inner, "", FL_ALIGN_LEFT, /*plain=*/true);
   const auto buttons =
       addDialogButtons(width, height, actions_,
                        {{"&Load", [this] { load(); }, false, "Load what is selected, anew if it is loaded already"},

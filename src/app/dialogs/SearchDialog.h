@@ -40,29 +40,4 @@ private:
   int bottom_;
 };
 
-/// Nodes by their names.
-class SelectByNameDialog : public SearchDialog {
-public:
-  explicit SelectByNameDialog(Gui& gui);
-
-protected:
-  std::string select(Model& model) override;
-
-private:
-  Fl_Check_Button* caseSensitive_;
-  Fl_Check_Button* addToSelection_;
-};
-
-/// Polygons by the number of their corners.
-class SelectByVerticesDialog : public SearchDialog {
-public:
-  explicit SelectByVerticesDialog(Gui& gui);
-
-protected:
-  std::string select(Model& model) override;
-
-private:
-  Fl_Check_Button* fromCurrent_;
-};
-
 } // namespace nalt
