@@ -149,7 +149,9 @@ void keepNormalsOfSelection(benchmark::State& state)
   marks.update(*model.sync(), grid.view().bits(), style, preferences);
   for (auto _ : state)
     marks.update(*model.sync(), grid.view().bits(), style, preferences);
-  model.selections().clear({.undoable = false});
+  SelectionChange forGood;
+  forGood.undoable = false;
+  model.selections().clear(forGood);
 }
 
 BENCHMARK(moveMouse)->Arg(10'000)->Arg(1'000'000);

@@ -86,19 +86,20 @@ void NormalLines::clear()
 
 bool NormalLines::isCurrent(std::size_t i, const GeometryPlaces::Place& place) const
 {
-  if (settings_.onlySelection || i >= made_.size()) return false;
+  if ((settings_.onlySelection && !sameSelection_) || i >= made_.size()) return false;
   const auto& made = made_[i];
   return made.place.geometry == place.geometry && made.place.toWorld == place.toWorld &&
-         made.revision == revisionOf(*place.geometry);
+         made.place.isSelected == place.isSelected && made.revision == revisionOf(*place.geometry);
 }
 
 void NormalLines::update(osg::Node& scene, std::uint32_t viewportBits, const Settings& settings,
-                         const IsSelected& isSelected)
+                         const IsSelected& isSelected, bool sameSelection)
 {
   if (settings != settings_ || viewportBits != viewportBits_) clear();
   settings_ = settings;
   viewportBits_ = viewportBits;
   isSelected_ = settings.onlySelection ? isSelected : IsSelected();
+  sameSelection_ = sameSelection;
   color_->front() = settings.color;
 
   GeometryPlaces visitor(viewportBits, settings.copies, isSelected_);

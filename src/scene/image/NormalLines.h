@@ -35,9 +35,9 @@ public:
   /// Has its lines in world coordinates.
   osg::Geode* geode() const { return geode_; }
   /// Shows the normals that `scene` has now in the viewport with these bits. What didn't change since the last call
-  /// costs next to nothing, unless the selection counts.
-  void update(osg::Node& scene, std::uint32_t viewportBits, const Settings& settings,
-              const IsSelected& isSelected = {});
+  /// costs next to nothing. Where the selection counts, that holds only for the same selection as at the last call.
+  void update(osg::Node& scene, std::uint32_t viewportBits, const Settings& settings, const IsSelected& isSelected = {},
+              bool sameSelection = false);
   void clear();
 
 private:
@@ -53,7 +53,8 @@ private:
   osg::ref_ptr<osg::Vec4Array> color_ = new osg::Vec4Array(1);
   Settings settings_;
   std::uint32_t viewportBits_ = 0;
-  IsSelected isSelected_;
+  bool sameSelection_ = false;
+  IsSelected isSelected_; ///< only during a call
   std::vector<Made> made_;
 };
 

@@ -6,6 +6,7 @@
 
 #include <memory>
 #include <unordered_set>
+#include <utility>
 #include <vector>
 
 namespace nalt {
@@ -75,15 +76,13 @@ void CornerMarks::update(const Sync& scene, std::uint32_t bits, const ViewStyle&
   const bool selectionCounts = style.normals && settings.onlySelection;
   if (source == source_ && !(selectionCounts && selectionChanged_)) return;
   source_ = source;
-  selectionChanged_ = false;
 
   hang(*root_, normals_.geode(), style.normals);
   hang(*root_, numbers_.group(), style.vertexNumbers);
-  const Selections nothing;
   if (!style.normals)
     normals_.clear();
   else if (settings.onlySelection)
-    normals_.update(*scene.root(), bits, settings, IsSelected(selections_ ? selections_->current() : nothing));
+    updateSelected(*scene.root(), bits, settings);
   else
     normals_.update(*scene.root(), bits, settings);
   if (style.vertexNumbers)
@@ -92,8 +91,16 @@ void CornerMarks::update(const Sync& scene, std::uint32_t bits, const ViewStyle&
     numbers_.clear();
 }
 
+void CornerMarks::updateSelected(osg::Node& root, std::uint32_t bits, const NormalLines::Settings& settings)
+{
+  const bool same = !std::exchange(selectionChanged_, false);
+  const Selections nothing;
+  normals_.update(root, bits, settings, IsSelected(selections_ ? selections_->current() : nothing), same);
+}
+
 void CornerMarks::clear()
 {
+  selectionChanged_ = true;
   source_ = {};
   normals_.clear();
   numbers_.clear();

@@ -43,13 +43,14 @@ private:
     friend bool operator==(const Source&, const Source&) = default;
   };
   void selectionChanged(bool selected) override;
+  void updateSelected(osg::Node& root, std::uint32_t bits, const NormalLines::Settings& settings);
 
   osg::ref_ptr<osg::Group> root_ = new osg::Group;
   NormalLines normals_;
   VertexNumbers numbers_;
   SelectionSet* selections_ = nullptr;
   Source source_;
-  bool selectionChanged_ = false;
+  bool selectionChanged_ = true; ///< since the normals of the selection were made
 };
 
 } // namespace nalt

@@ -270,8 +270,8 @@ std::vector<Fl_Menu_Item> viewportMenu(const Viewport* viewport, Fl_Callback* ca
     items.push_back(itemOf(action, viewport, callback));
     const ViewportAction* next = &action + 1;
     const bool last = next == std::end(actions) || !sameGroup(next->group, group);
-    if (action.isOn && !last && (!next->isOn || next->isChoice != action.isChoice))
-      items.back().flags |= FL_MENU_DIVIDER;
+    const bool sameKind = !last && !next->isOn == !action.isOn && next->isChoice == action.isChoice;
+    if (!last && !sameKind) items.back().flags |= FL_MENU_DIVIDER;
   }
   close();
   items.push_back(Fl_Menu_Item());

@@ -10,10 +10,11 @@ namespace nalt::tests {
 /// Keeps what the scene writes to OpenSceneGraph's log while it exists.
 class LogCapture {
 public:
-  LogCapture() : former_(osg::getNotifyHandler()), level_(osg::getNotifyLevel())
+  explicit LogCapture(osg::NotifySeverity level = osg::WARN)
+      : former_(osg::getNotifyHandler()), level_(osg::getNotifyLevel())
   {
     osg::setNotifyHandler(handler_);
-    osg::setNotifyLevel(osg::WARN);
+    osg::setNotifyLevel(level);
   }
   ~LogCapture()
   {

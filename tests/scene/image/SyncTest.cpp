@@ -1,3 +1,4 @@
+#include "tests/scene/image/LogCapture.h"
 #include "tests/scene/image/SyncFixture.h"
 
 #include <gmock/gmock.h>
@@ -248,6 +249,14 @@ TEST_F(SyncNodes, RemovingASubtreeForgetsAllOfIt)
   sync().translate(group);
   EXPECT_TRUE(sync().polygonOf(face));
   expectLikeFresh();
+}
+
+TEST_F(SyncNodes, RemovingANodeIsLogged)
+{
+  sync();
+  const LogCapture log(osg::INFO);
+  sync().remove(object);
+  EXPECT_EQ(log.text(), "After removing associations\nAfter removing node\n");
 }
 
 TEST_F(SyncNodes, TheHeaderCannotBeRemoved)

@@ -114,6 +114,29 @@ TEST_F(CornerMarksTest, NothingIsLookedAtWhileNothingChanges)
   EXPECT_GT(visits->count, before);
 }
 
+TEST_F(CornerMarksTest, NormalsOfTheSelectionAreMadeAnewOnlyWhereSomethingChanged)
+{
+  auto* far = make<fltapi::ObjectRecord>(*model->fltFile()->header());
+  std::swap(object, far);
+  auto* third = makeFace();
+  std::swap(object, far);
+  model->sync()->translateAll();
+  style.normals = true;
+  preferences.normalsOnlySelection = true;
+  model->selections().select(selectionOf(*first), recordedChange("", "", false));
+  model->selections().add(*selectionOf(*third), recordedChange("", "", false));
+  update();
+  const auto* normals = marks.root()->getChild(0)->asGroup();
+  ASSERT_EQ(normals->getNumChildren(), 2U);
+  const osg::ref_ptr<const osg::Node> near = normals->getChild(0);
+  const osg::ref_ptr<const osg::Node> other = normals->getChild(1);
+  third->vertexAt(0)->setPosition({0, 0, 7});
+  model->sync()->update(*third);
+  update();
+  EXPECT_EQ(normals->getChild(0), near);
+  EXPECT_NE(normals->getChild(1), other);
+}
+
 TEST_F(CornerMarksTest, NormalsFollowEditsOfWhatIsSelected)
 {
   style.normals = true;
