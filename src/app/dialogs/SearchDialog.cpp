@@ -2,13 +2,13 @@
 
 #include "app/Gui.h"
 #include "core/WaitCursor.h"
+#include "core/dialogs/CheckBox.h"
 #include "core/dialogs/DialogStyle.h"
 #include "core/dialogs/DialogText.h"
 #include "core/dialogs/Form.h"
 
 #include <FL/Fl_Box.H>
 #include <FL/Fl_Button.H>
-#include <FL/Fl_Check_Button.H>
 #include <FL/Fl_Input.H>
 
 namespace nalt {
@@ -35,7 +35,7 @@ SearchDialog::SearchDialog(Gui& gui, const char* title, const char* label, const
 
 Fl_Check_Button* SearchDialog::addCheck(const char* label, const char* tooltip, bool on)
 {
-  auto* check = new Fl_Check_Button(field_->x(), bottom_, field_->w(), rowHeight, label);
+  auto* check = new CheckBox(field_->x(), bottom_, field_->w(), rowHeight, label);
   check->labelsize(textSize);
   check->tooltip(tooltip);
   check->value(on ? 1 : 0);
