@@ -10,7 +10,7 @@ std::string luaText(bool value);
 /// With as many significant digits as the user wants recorded.
 std::string luaText(double value);
 std::string luaText(int value);
-/// In double quotes. A single backslash is doubled; a run of several stays, it is doubled already.
+/// In double quotes, with what would end the text escaped. A single backslash is doubled; a run of several stays.
 std::string luaText(const std::string& value);
 std::string luaText(const char* value);
 

@@ -139,6 +139,19 @@ TEST_F(ExternalContent, IsLeftOutWhereAWholeFileIsSearched)
   EXPECT_THAT(names(), ElementsAre(own->getName()));
 }
 
+TEST_F(ExternalContent, IsNotSelectedTogetherWithAReferenceThatShowsIt)
+{
+  auto* second = make<fltapi::ExternalRecord>(header());
+  second->show(content.file(), "other.flt");
+  select(*selectionOf(*face));
+  NodeSelection references(SelectionMode::external);
+  references.insert({content.parent()});
+  references.insert({second});
+  EXPECT_FALSE(selections().add(references));
+  EXPECT_THAT(shell.messages, ElementsAre("WARNING: Recursive selection is not allowed."));
+  EXPECT_THAT(names(), ElementsAre(face->getName()));
+}
+
 TEST_F(ExternalContent, CanBeLookedAt)
 {
   select(*selectionOf(*face));

@@ -1,5 +1,7 @@
 #include "core/selection/Collect.h"
 
+#include "core/Model.h"
+#include "fltapi/FltFile.h"
 #include "fltapi/RecordVisitor.h"
 #include "fltapi/nodes/ExternalRecord.h"
 #include "fltapi/nodes/InstanceRecords.h"
@@ -58,6 +60,11 @@ bool isOfFamily(const PrimNodeRecord& node, SelectionMode mode)
 
 } // namespace
 
+fltapi::HeaderRecord* headerOf(const Model& model)
+{
+  return model.fltFile() ? model.fltFile()->header() : nullptr;
+}
+
 void forEachNode(PrimNodeRecord& node, const std::function<void(PrimNodeRecord&)>& work)
 {
   NodeVisitor visitor(work);
@@ -83,6 +90,21 @@ void collect(PrimNodeRecord& node, Selection& into)
     if (isOfFamily(found, into.mode())) selection.insert({&found});
   });
   node.accept(visitor);
+}
+
+std::unique_ptr<Selection> converted(const Selections& selections, SelectionMode target)
+{
+  auto result = Selection::make(target);
+  for (const auto& [mode, selection] : selections.families()) {
+    auto part = selection->convert(target);
+    if (!part) continue;
+    if (result->empty()) {
+      result = std::move(part);
+    } else {
+      result->add(*part);
+    }
+  }
+  return result;
 }
 
 void convertElement(PrimNodeRecord& node, fltapi::VertexBaseRecord* vertex, Selection& into)

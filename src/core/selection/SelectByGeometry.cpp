@@ -25,19 +25,9 @@ namespace {
 /// Everything of a family in the selection, or in the whole file when nothing is selected.
 std::unique_ptr<Selection> inScope(Model& model, SelectionMode mode)
 {
-  auto result = Selection::make(mode);
-  for (const auto& [family, selection] : model.selections().current().families()) {
-    auto converted = selection->convert(mode);
-    if (!converted) continue;
-    if (result->empty()) {
-      result = std::move(converted);
-    } else {
-      result->add(*converted);
-    }
-  }
-  if (model.selections().empty() && model.fltFile() && model.fltFile()->header()) {
-    collect(*model.fltFile()->header(), *result);
-  }
+  auto result = converted(model.selections().current(), mode);
+  auto* header = headerOf(model);
+  if (model.selections().empty() && header) collect(*header, *result);
   return result;
 }
 
@@ -127,9 +117,8 @@ KeyedEdges edgesInScope(Model& model)
   KeyedEdges edges;
   const auto& selected = model.selections().current();
   if (selected.empty()) {
-    if (model.fltFile() && model.fltFile()->header()) {
-      forEachVertexList(*model.fltFile()->header(), [&](fltapi::VertexListRecord& list) { addEdges(list, edges); });
-    }
+    if (auto* header = headerOf(model))
+      forEachVertexList(*header, [&](fltapi::VertexListRecord& list) { addEdges(list, edges); });
     return edges;
   }
   const auto scope = inScope(model, SelectionMode::edge);
@@ -221,8 +210,8 @@ bool selectVerticesByLocation(Model& model, double x, double y, bool undoable)
   const WaitCursor cursor;
   const double tolerance = Preferences::get().tolerance;
   auto found = std::make_unique<VertexSelection>(SelectionMode::vertex);
-  if (model.fltFile() && model.fltFile()->header()) {
-    forEachVertexList(*model.fltFile()->header(), [&](fltapi::VertexListRecord& list) {
+  if (auto* header = headerOf(model)) {
+    forEachVertexList(*header, [&](fltapi::VertexListRecord& list) {
       if (!list.parent() || list.parent()->opcode() != fltapi::FaceRecord::code) return;
       for (const auto& vertex : list.vertices()) {
         const auto place = vertex->position();

@@ -96,7 +96,9 @@ private:
   std::map<std::string, Wanted> wanted_;
 };
 
-std::string scriptLine(const NameSearch& search)
+} // namespace
+
+std::string selectByNameLine(const NameSearch& search)
 {
   std::string arguments;
   for (const auto& name : search.names)
@@ -104,18 +106,16 @@ std::string scriptLine(const NameSearch& search)
   return "nalt.selectByName(" + arguments + luaText(search.caseSensitive) + ", " + luaText(search.addToSelection) + ")";
 }
 
-} // namespace
-
 bool selectByName(Model& model, const NameSearch& search, bool undoable)
 {
   const WaitCursor cursor;
-  auto* header = model.fltFile() ? model.fltFile()->header() : nullptr;
+  auto* header = headerOf(model);
   if (!header) return false;
   const NameMatcher matcher(search);
   Selections found;
   forEachNode(*header, [&](fltapi::PrimNodeRecord& node) { matcher.match(node, found); });
   if (found.empty()) return false;
-  const auto change = recordedChange("selectByName", scriptLine(search), undoable);
+  const auto change = recordedChange("selectByName", selectByNameLine(search), undoable);
   if (!search.addToSelection) {
     model.selections().select(found, change);
     return true;

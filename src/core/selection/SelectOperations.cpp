@@ -13,18 +13,11 @@ namespace nalt {
 
 namespace {
 
-fltapi::HeaderRecord* headerOf(Model& model)
-{
-  return model.fltFile() ? model.fltFile()->header() : nullptr;
-}
-
 /// Everything of a family in the whole file.
 std::unique_ptr<Selection> allOf(Model& model, SelectionMode mode)
 {
   auto all = Selection::make(mode);
-  auto* file = model.fltFile();
-  if (!headerOf(model)) return all;
-  collect(*file->header(), *all);
+  if (auto* header = headerOf(model)) collect(*header, *all);
   return all;
 }
 
@@ -78,17 +71,7 @@ bool invertSelection(Model& model, SelectionMode mode, bool undoable)
 bool convertSelection(Model& model, SelectionMode mode, bool undoable)
 {
   const WaitCursor cursor;
-  auto result = Selection::make(mode);
-  for (const auto& [family, selection] : model.selections().current().families()) {
-    auto converted = selection->convert(mode);
-    if (!converted) continue;
-    if (result->empty()) {
-      result = std::move(converted);
-    } else {
-      result->add(*converted);
-    }
-  }
-  return replaceWith(model, std::move(result),
+  return replaceWith(model, converted(model.selections().current(), mode),
                      recordedChange("convertSelection", luaCall("convertSelection", infoOf(mode).name), undoable));
 }
 

@@ -26,6 +26,8 @@ struct NameSearch {
   bool caseSensitive = false;
   bool addToSelection = false;
 };
+/// The recorded line that makes this search.
+std::string selectByNameLine(const NameSearch& search);
 bool selectByName(Model& model, const NameSearch& search, bool undoable);
 
 /// Polygons with exactly that many corners, in the selected subtrees when `fromCurrent` is set and anything is

@@ -1,6 +1,5 @@
 #include "core/selection/SelectionSet.h"
 
-#include "core/LuaText.h"
 #include "core/Model.h"
 #include "core/ScriptRecorder.h"
 #include "core/Shell.h"
@@ -8,6 +7,7 @@
 #include "core/WaitCursor.h"
 #include "core/selection/Collect.h"
 #include "core/selection/RecordedChange.h"
+#include "core/selection/SelectOperations.h"
 #include "core/selection/SelectionCommand.h"
 #include "core/selection/SelectionMarks.h"
 #include "fltapi/FltFile.h"
@@ -29,24 +29,47 @@ bool hasSelectedAncestor(const Selections& selections, const fltapi::PrimNodeRec
   return false;
 }
 
-/// Anything below the node: sub-nodes, or corners and edges of its polygons.
-bool hasSelectedDescendant(const Selections& selections, fltapi::PrimNodeRecord& node)
-{
-  for (auto* child : node.primaryChildren()) {
-    if (child->opcode() == fltapi::VertexListRecord::code) {
-      auto& list = static_cast<fltapi::VertexListRecord&>(*child);
-      const auto* edges = static_cast<const EdgeSelection*>(selections.find(SelectionMode::edge));
-      const auto& vertices = list.vertices();
-      for (std::size_t i = 0; i < vertices.size(); ++i) {
-        if (selections.containsVertex(list, *vertices[i])) return true;
-        if (edges && edges->elements().contains({&list, vertices[i], vertices[(i + 1) % vertices.size()]})) return true;
+/// Looks for anything selected below nodes: sub-nodes, or corners and edges of polygons. The content of a file is
+/// looked through once, though further files may show it along very many ways.
+class SelectedBelow {
+public:
+  explicit SelectedBelow(const Selections& selections)
+      : selections_(selections), edges_(static_cast<const EdgeSelection*>(selections.find(SelectionMode::edge)))
+  {}
+
+  bool find(const fltapi::PrimNodeRecord& node)
+  {
+    return std::ranges::any_of(node.primaryChildren(), [&](fltapi::PrimNodeRecord* child) {
+      if (child->opcode() == fltapi::VertexListRecord::code) {
+        return hasSelectedPart(static_cast<fltapi::VertexListRecord&>(*child));
       }
-    } else if (selections.containsNode(*child) || hasSelectedDescendant(selections, *child)) {
-      return true;
-    }
+      if (selections_.containsNode(*child)) return true;
+      return child->opcode() == fltapi::HeaderRecord::code ? findInFile(*child) : find(*child);
+    });
   }
-  return false;
-}
+
+private:
+  bool findInFile(const fltapi::PrimNodeRecord& header)
+  {
+    const auto [answer, isNew] = files_.try_emplace(&header, false);
+    if (isNew) answer->second = find(header); // no file contains itself
+    return answer->second;
+  }
+
+  bool hasSelectedPart(fltapi::VertexListRecord& list) const
+  {
+    const auto& vertices = list.vertices();
+    for (std::size_t i = 0; i < vertices.size(); ++i) {
+      if (selections_.containsVertex(list, *vertices[i])) return true;
+      if (edges_ && edges_->elements().contains({&list, vertices[i], vertices[(i + 1) % vertices.size()]})) return true;
+    }
+    return false;
+  }
+
+  const Selections& selections_;
+  const EdgeSelection* edges_;
+  std::map<const fltapi::PrimNodeRecord*, bool> files_; ///< by header: whether anything is selected there
+};
 
 /// Tells the elements that left the document since they were selected. Those of one polygon stand together.
 class IsGone {
@@ -138,10 +161,11 @@ std::unique_ptr<Selection> SelectionSet::withoutRelatives(const Selection& selec
 {
   auto rest = selection.clone();
   if (current_.empty()) return rest;
+  SelectedBelow below(current_);
   rest->discard([&](fltapi::PrimNodeRecord& node, const fltapi::Record* vertex) {
     if (hasSelectedAncestor(current_, node)) return true;
     // A corner of a polygon has the polygon itself above it, and nothing below.
-    return vertex ? current_.containsNode(node) : hasSelectedDescendant(current_, node);
+    return vertex ? current_.containsNode(node) : below.find(node);
   });
   return rest;
 }
@@ -243,10 +267,8 @@ SelectionChange SelectionSet::asRecorded(const SelectionChange& change) const
   if (!change.byHand) return change;
   const auto* recorder = Shell::get().scriptRecorder();
   if (!recorder || !recorder->recording() || !recorder->implicitSelections()) return {};
-  std::string arguments;
-  for (const auto& name : names())
-    arguments += luaText(name) + ", ";
-  auto recorded = recordedChange("selectByName", "nalt.selectByName(" + arguments + "true, false)", change.undoable);
+  const auto line = selectByNameLine({.names = names(), .caseSensitive = true});
+  auto recorded = recordedChange("selectByName", line, change.undoable);
   recorded.byHand = true;
   return recorded;
 }
