@@ -1,8 +1,6 @@
 #include "core/Model.h"
-#include "core/ModelGroup.h"
 #include "tests/core/RecordingShell.h"
 
-#include <FL/Fl.H>
 #include <FL/Fl_Box.H>
 #include <gtest/gtest.h>
 
@@ -191,16 +189,6 @@ TEST_F(ModelTest, SwitchesReachEveryPanel)
   EXPECT_TRUE(panel.gizmos);
   model->setSwitches(switches);
   EXPECT_FALSE(panel.gizmos);
-}
-
-TEST_F(ModelTest, DroppedFilesGoToTheShell)
-{
-  ModelGroup group(0, 0, 100, 100);
-  group.end();
-  static char text[] = "file:///a.flt\r\n";
-  Fl::e_text = text;
-  EXPECT_EQ(group.handle(FL_PASTE), 1);
-  EXPECT_EQ(shell.dropped, std::vector<std::string>{"file:///a.flt\r\n"});
 }
 
 } // namespace nalt
