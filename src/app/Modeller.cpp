@@ -66,6 +66,7 @@ void openCommandLine(Gui& gui, int argc, char** argv)
   gui.importFiles(lists.import);
   while (gui.files().busy())
     Fl::wait();
+  if (gui.splash()) gui.splash()->raise(); // without a window manager the first picture of a model covers it
 }
 
 } // namespace

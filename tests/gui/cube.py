@@ -63,10 +63,10 @@ def click(session, place, *modifiers, button=1):
         xdotool("keyup", key)
 
 
-def pick_from_menu(session, submenu, entry):
-    """Of the viewport's own menu, by numbers from 0. Separators don't count."""
+def pick_from_menu(session, submenu, entry, at=None):
+    """Of the own menu of the viewport at a point (else the middle one), by numbers from 0. Separators don't count."""
     closed = session.view()
-    session.move(*session.view_centre())
+    session.move(*(at or session.view_centre()))
     session.key("Menu")
     shows(session, "the menu", lambda view: view != closed)
     # Keys get lost while the menu opens its windows.
