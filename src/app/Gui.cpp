@@ -112,6 +112,8 @@ Model& Gui::addModel(std::unique_ptr<Model> owned, const std::vector<VPBase*>& v
   nameTab(model);
   takeSwitches(model);
   Fl_Tabs& tabs = *GuiWidgets::get().tabs;
+  // The window may have changed its size while the model was loaded.
+  if (!headless_) model.resize(tabs.x(), tabs.y() + tabRow, std::max(tabs.w(), 1), std::max(tabs.h() - tabRow, 1));
   tabs.insert(*owned.release(), place < 0 ? tabs.children() : place);
   keepTabRow(tabs);
   if (!headless_) {

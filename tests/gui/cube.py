@@ -20,6 +20,10 @@ def is_line(r, g, b):
     return r < 30 and g < 30 and b < 30
 
 
+def is_active_frame(r, g, b):
+    return (r, g, b) == (255, 194, 51)
+
+
 def is_grid(r, g, b):
     return abs(r - 76) < 6 and abs(g - 76) < 6 and abs(b - 76) < 6
 
