@@ -251,7 +251,7 @@ bool FileOperations::run(std::unique_ptr<FileJob> job, bool synchronous)
       return true;
     }
   }
-  if (!job->model) job->built = gui_.makeModel();
+  if (!job->model) job->built = std::make_unique<Model>(0, 0, 0, 0); // its page gets its size with its place
   job_ = std::move(job);
   gui_.updateWidgets();
   gui_.dialogs().fileOperationChanged();

@@ -93,14 +93,6 @@ Model* Gui::modelWithPath(const std::string& path) const
   return nullptr;
 }
 
-std::unique_ptr<Model> Gui::makeModel() const
-{
-  if (headless_) return std::make_unique<Model>(0, 0, 0, 0);
-  const Fl_Tabs& tabs = *GuiWidgets::get().tabs;
-  return std::make_unique<Model>(std::max(tabs.x(), 0), std::max(tabs.y() + tabRow, 0), std::max(tabs.w(), 1),
-                                 std::max(tabs.h() - tabRow, 1));
-}
-
 int Gui::placeOf(const Model& model) const
 {
   return GuiWidgets::get().tabs->find(model);
@@ -112,7 +104,6 @@ Model& Gui::addModel(std::unique_ptr<Model> owned, const std::vector<VPBase*>& v
   nameTab(model);
   takeSwitches(model);
   Fl_Tabs& tabs = *GuiWidgets::get().tabs;
-  // The window may have changed its size while the model was loaded.
   if (!headless_) model.resize(tabs.x(), tabs.y() + tabRow, std::max(tabs.w(), 1), std::max(tabs.h() - tabRow, 1));
   tabs.insert(*owned.release(), place < 0 ? tabs.children() : place);
   keepTabRow(tabs);
@@ -197,7 +188,7 @@ void Gui::nextModel(int step)
 
 Model* Gui::newModel(const std::string& filename)
 {
-  std::unique_ptr<Model> model = makeModel();
+  auto model = std::make_unique<Model>(0, 0, 0, 0);
   if (!model->createEmpty()) return nullptr;
   model->setPath(filename);
   Model& added = addModel(std::move(model));

@@ -127,7 +127,6 @@ public:
   std::unique_ptr<Model> removeModel(Model& model);
   /// Puts the name of `model`'s file on its tab, with a number where others have it too.
   void nameTab(Model& model);
-  std::unique_ptr<Model> makeModel() const;
   void addRecent(const std::string& path);
   RecentFiles& recentFiles() { return recentFiles_; }
   const RecentFiles& recentFiles() const { return recentFiles_; }

@@ -237,7 +237,7 @@ TEST_F(GuiTest, WithoutAPathThereIsNothingToSaveTo)
 
 TEST_F(GuiTest, AModelWithoutADocumentCannotBeSaved)
 {
-  gui.setCurrentModel(gui.addModel(gui.makeModel()));
+  gui.setCurrentModel(gui.addModel(std::make_unique<Model>(0, 0, 0, 0)));
   EXPECT_FALSE(gui.saveModelAs(folder / "a.flt", 1620, true));
   EXPECT_THAT(said, ElementsAre("WARNING: Missing header record."));
   EXPECT_FALSE(std::filesystem::exists(folder / "a.flt"));

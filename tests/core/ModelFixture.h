@@ -3,9 +3,8 @@
 #include "core/Model.h"
 #include "core/Preferences.h"
 #include "core/ScriptRecorder.h"
-#include "fltapi/AllRecords.h"
-#include "fltapi/FltFile.h"
 #include "tests/core/RecordingShell.h"
+#include "tests/support/MakeRecords.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -15,6 +14,9 @@
 #include <vector>
 
 namespace nalt {
+
+using tests::make;
+using tests::makeFace;
 
 /// A script editor for tests: keeps what is recorded. It has one line for each script text.
 class RecordedText : public ScriptRecorder {
@@ -45,27 +47,6 @@ protected:
   }
 
   fltapi::HeaderRecord& header() const { return *model->fltFile()->header(); }
-  /// A node at the end of `parent`, with a name of its own.
-  template <class T>
-  T* make(fltapi::PrimNodeRecord& parent)
-  {
-    auto* record = parent.file()->create<T>();
-    parent.addChild(record, /*append=*/true);
-    record->assignUniqueName();
-    return record;
-  }
-  fltapi::FaceRecord* makeFace(fltapi::PrimNodeRecord& parent, const std::vector<osg::Vec3d>& corners)
-  {
-    auto* face = make<fltapi::FaceRecord>(parent);
-    auto* list = parent.file()->create<fltapi::VertexListRecord>();
-    face->addChild(list, /*append=*/true);
-    for (const auto& corner : corners) {
-      auto* vertex = parent.file()->create<fltapi::VertexRecord>();
-      vertex->setPosition(corner);
-      list->addVertex(vertex);
-    }
-    return face;
-  }
   /// The header of another file that the document refers to. It has a group over a triangle.
   fltapi::HeaderRecord& addExternal()
   {

@@ -15,8 +15,7 @@ class SelectionTest : public ModelFixture {
 protected:
   SelectionTest() : group(make<fltapi::GroupRecord>(header())), object(make<fltapi::ObjectRecord>(*group)) {}
 
-  using ModelFixture::makeFace;
-  fltapi::FaceRecord* makeFace(const std::vector<osg::Vec3d>& corners) { return makeFace(*object, corners); }
+  fltapi::FaceRecord* makeFace(const std::vector<osg::Vec3d>& corners) { return tests::makeFace(*object, corners); }
   /// A unit square with its lower left corner at (x, y).
   fltapi::FaceRecord* makeSquare(double x, double y)
   {

@@ -2,9 +2,8 @@
 
 #include "core/Model.h"
 #include "core/Preferences.h"
-#include "fltapi/AllRecords.h"
-#include "fltapi/FltFile.h"
 #include "tests/core/RecordingShell.h"
+#include "tests/support/MakeRecords.h"
 #include "tests/support/TempFolder.h"
 
 #include <gtest/gtest.h>
@@ -56,15 +55,6 @@ public:
   std::unique_ptr<Model> model = std::make_unique<Model>(0, 0, 0, 0);
 
 private:
-  template <class T>
-  T* make(fltapi::PrimNodeRecord& parent)
-  {
-    auto* record = model->fltFile()->create<T>();
-    parent.addChild(record, /*append=*/true);
-    record->assignUniqueName();
-    return record;
-  }
-
   void grow()
   {
     auto& header = *model->fltFile()->header();

@@ -2,11 +2,10 @@
 
 #include "core/Model.h"
 #include "core/Preferences.h"
-#include "fltapi/AllRecords.h"
-#include "fltapi/FltFile.h"
 #include "scene/view/Viewport.h"
 #include "scene/view/ViewportLayout.h"
 #include "tests/core/RecordingShell.h"
+#include "tests/support/MakeRecords.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -17,6 +16,10 @@
 #include <vector>
 
 namespace nalt {
+
+using tests::make;
+using tests::makeFace;
+using tests::withCorners;
 
 /// A shell in which the user chose a pick mode, and that notes what gestures tell it.
 class PickingShell : public RecordingShell {
@@ -53,30 +56,6 @@ protected:
     Preferences::get() = {};
   }
 
-  template <class T>
-  T* make(fltapi::PrimNodeRecord& parent)
-  {
-    auto* record = parent.file()->create<T>();
-    parent.addChild(record, /*append=*/true);
-    record->assignUniqueName();
-    return record;
-  }
-  template <class T>
-  T* withCorners(T* record, const std::vector<osg::Vec3d>& corners)
-  {
-    auto* list = record->file()->template create<fltapi::VertexListRecord>();
-    record->addChild(list, /*append=*/true);
-    for (const auto& corner : corners) {
-      auto* vertex = record->file()->template create<fltapi::VertexRecord>();
-      vertex->setPosition(corner);
-      list->addVertex(vertex);
-    }
-    return record;
-  }
-  fltapi::FaceRecord* makeFace(fltapi::PrimNodeRecord& parent, const std::vector<osg::Vec3d>& corners)
-  {
-    return withCorners(make<fltapi::FaceRecord>(parent), corners);
-  }
   /// A square with its lower left corner at (x, y), seen from above.
   fltapi::FaceRecord* makeSquare(fltapi::PrimNodeRecord& parent, double x, double y, double z = 0.0, double side = 1.0)
   {

@@ -1,11 +1,12 @@
 #pragma once
 
 #include "core/selection/RecordedChange.h"
-#include "fltapi/AllRecords.h"
-#include "fltapi/FltFile.h"
 #include "tests/scene/view/ViewportFixture.h"
+#include "tests/support/MakeRecords.h"
 
 namespace nalt {
+
+using tests::make;
 
 /// Two triangles below one object, shown in one viewport.
 class SmallScene : public ViewportFixture {
@@ -18,26 +19,7 @@ protected:
     second = makeFace();
     model->sync()->translateAll();
   }
-  template <class T>
-  T* make(fltapi::PrimNodeRecord& parent)
-  {
-    auto* record = model->fltFile()->create<T>();
-    parent.addChild(record, /*append=*/true);
-    record->assignUniqueName();
-    return record;
-  }
-  fltapi::FaceRecord* makeFace()
-  {
-    auto* face = make<fltapi::FaceRecord>(*object);
-    auto* list = model->fltFile()->create<fltapi::VertexListRecord>();
-    face->addChild(list, /*append=*/true);
-    for (const osg::Vec3d& corner : {osg::Vec3d(0, 0, 0), osg::Vec3d(4, 0, 0), osg::Vec3d(0, 4, 0)}) {
-      auto* vertex = model->fltFile()->create<fltapi::VertexRecord>();
-      vertex->setPosition(corner);
-      list->addVertex(vertex);
-    }
-    return face;
-  }
+  fltapi::FaceRecord* makeFace() { return tests::makeFace(*object, {{0, 0, 0}, {4, 0, 0}, {0, 4, 0}}); }
   void select(fltapi::PrimNodeRecord& node)
   {
     model->selections().select(selectionOf(node), recordedChange("", "", false));
