@@ -6,12 +6,13 @@
 #include "app/GuiWidgets.h"
 #include "app/InputGate.h"
 #include "app/MenuKeys.h"
+#include "core/KeyboardFocus.h"
 
 #include <FL/Fl.H>
 #include <FL/Fl_Double_Window.H>
 #include <FL/Fl_Input_.H>
 #include <FL/Fl_Menu_Bar.H>
-#include <FL/Fl_Text_Editor.H>
+#include <FL/Fl_Text_Display.H>
 
 namespace nalt {
 
@@ -31,13 +32,6 @@ bool isInText()
 {
   const Fl_Widget* focus = Fl::focus();
   return dynamic_cast<const Fl_Input_*>(focus) || dynamic_cast<const Fl_Text_Display*>(focus);
-}
-
-/// Delete means the text.
-bool isTyping()
-{
-  const auto* input = dynamic_cast<const Fl_Input_*>(Fl::focus());
-  return (input && !input->readonly()) || dynamic_cast<const Fl_Text_Editor*>(Fl::focus());
 }
 
 bool isModifier(int key)

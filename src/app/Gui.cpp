@@ -12,6 +12,7 @@
 #include "app/dialogs/Dialogs.h"
 #include "core/ApiReference.h"
 #include "core/Clipboard.h"
+#include "core/KeyboardFocus.h"
 #include "core/LuaText.h"
 #include "core/Model.h"
 #include "core/ModelGroup.h"
@@ -162,7 +163,7 @@ void Gui::showModel(Model* model)
   if (model && widgets.mainWindow->shown()) {
     for (VPBase* viewport : model->viewports())
       viewport->widget().show();
-    if (model->activeViewport()) model->activeViewport()->widget().take_focus();
+    if (model->activeViewport()) giveKeysTo(model->activeViewport()->widget());
   }
   widgets.modelGroup->redraw();
   updateWidgets();

@@ -1,6 +1,7 @@
 #include "app/Splash.h"
 
 #include "app/SplashScreenWindow.h"
+#include "core/KeyboardFocus.h"
 #include "core/Model.h"
 #include "core/Shell.h"
 
@@ -50,7 +51,7 @@ void Splash::dismiss()
   window_.reset();
   // The keys go back to the viewport that had them.
   const Model* model = Shell::get().currentModel();
-  if (model && model->activeViewport()) model->activeViewport()->widget().take_focus();
+  if (model && model->activeViewport() && !isTyping()) giveKeysTo(model->activeViewport()->widget());
 }
 
 } // namespace nalt

@@ -1,5 +1,6 @@
 #include "scene/view/Viewport.h"
 
+#include "core/KeyboardFocus.h"
 #include "core/Model.h"
 #include "core/Preferences.h"
 #include "core/Shell.h"
@@ -11,7 +12,6 @@
 #include "scene/view/WindowPixels.h"
 
 #include <FL/Fl.H>
-#include <FL/Fl_Input_.H>
 #include <FL/Fl_Menu_Item.H>
 #include <osg/ComputeBoundsVisitor>
 #include <osg/Light>
@@ -438,7 +438,7 @@ int Viewport::handle(int event)
     return isModifier(Fl::event_key()) ? 1 : Fl_Gl_Window::handle(event);
   case FL_ENTER:
     // The active viewport gets the keys back when the mouse comes to it, unless somebody is typing.
-    if (active_ && !dynamic_cast<Fl_Input_*>(Fl::focus())) take_focus();
+    if (active_ && !isTyping()) giveKeysTo(*this);
     return 1;
   case FL_MOVE:
     toolGesture_.hover(mousePlace());
@@ -456,7 +456,7 @@ int Viewport::handle(int event)
 
 void Viewport::activate()
 {
-  if (shown()) take_focus();
+  if (shown()) giveKeysTo(*this);
   if (model_) model_->setActiveViewport(this);
 }
 
