@@ -15,8 +15,10 @@ bool isTyping()
 
 void giveKeysTo(Fl_Widget& widget)
 {
+  const Fl_Window* window = widget.top_window();
   const Fl_Window* modal = Fl::modal();
-  if (!modal || modal->contains(&widget)) widget.take_focus();
+  const Fl_Widget* focus = Fl::focus();
+  if ((!modal || modal == window) && (!focus || focus->top_window() == window)) widget.take_focus();
 }
 
 } // namespace nalt

@@ -456,7 +456,7 @@ int Viewport::handle(int event)
 
 void Viewport::activate()
 {
-  if (shown()) giveKeysTo(*this);
+  if (shown()) take_focus();
   if (model_) model_->setActiveViewport(this);
 }
 
