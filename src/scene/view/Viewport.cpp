@@ -184,8 +184,8 @@ void Viewport::setModelNode(osg::Node* node)
   camera_->setFieldOfView(preferences_.fieldOfView);
   camera_->setAspect(former->lens().aspect);
   camera_->setProjectionTarget(&sceneView_->getProjectionMatrix());
-  updateCameraSpeed();
   fitInView();
+  updateCameraSpeed(); // not that of the fit
   if (hadModel) camera_->setPose(former->pose());
   camera_->setOrthographic(former->lens().orthographic);
 }

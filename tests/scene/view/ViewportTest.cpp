@@ -55,6 +55,19 @@ TEST_F(ViewportTest, FitFramesTheModelAndLeavesTheNearClipOutOfTheSpeed)
   EXPECT_NEAR(view->camera().pose().centre.x(), 3.0, 1e-6);
 }
 
+TEST_F(ViewportTest, AModelThatIsOpenedHasTheNearClipInItsSpeed)
+{
+  const double radius = std::sqrt(72.0) / 2.0;
+  Model opened(0, 0, 800, 600);
+  opened.createEmpty();
+  opened.sceneRoot()->addChild(triangle(6.0F));
+  createViewports(opened, 1);
+  const auto* shown = dynamic_cast<Viewport*>(opened.viewports().front());
+  EXPECT_NEAR(shown->camera().speed().pan, radius + 0.1, 1e-6);
+  EXPECT_NEAR(shown->camera().speed().zoom, 2.0 * (radius + 0.1), 1e-6);
+  EXPECT_NEAR(shown->camera().pose().centre.x(), 3.0, 1e-6) << "it is framed nevertheless";
+}
+
 TEST_F(ViewportTest, ANamedViewZoomsToTheModelWhenWanted)
 {
   model->sceneRoot()->addChild(triangle(6.0F));
