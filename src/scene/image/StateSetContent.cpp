@@ -138,7 +138,7 @@ private:
       const auto place = static_cast<unsigned>(unit);
       content_->setTextureAttributeAndModes(place, loaded->texture);
       content_->setTextureAttributeAndModes(place, loaded->environment);
-      if (!loaded->hasAlpha || unit != 0) continue;
+      if (!loaded->hasAlpha) continue;
       transparent_ = true;
       // What can't be seen at all must not hide what is behind it.
       content_->setAttributeAndModes(new osg::AlphaFunc(osg::AlphaFunc::GREATER, 0));

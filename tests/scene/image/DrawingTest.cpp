@@ -257,6 +257,12 @@ TEST_F(Drawing, LayersOfTexturesAreMultiplied)
   sync().update(*layers);
   draw();
   EXPECT_EQ(at(5, 5), greenPixel);
+
+  sync().translate(block(object, 0, 0, 10, blue, /*z=*/-5));
+  writePicture(folder / "layer.png", {osg::Vec4ub(255, 255, 255, 0)});
+  sync().updatePalette(opcodes::texturePalette, /*reload=*/true);
+  draw();
+  EXPECT_EQ(at(5, 5), bluePixel) << "a clear layer lets what is behind the face shine through";
 }
 
 TEST_F(Drawing, ShadersColorTheirFaces)
