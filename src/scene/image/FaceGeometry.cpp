@@ -195,6 +195,11 @@ const ShrunkFaces& FaceGeometry::shrunk() const
   return *shrunk_;
 }
 
+const osg::Vec3Array& FaceGeometry::positionsIn(std::uint32_t viewportBits) const
+{
+  return viewportBits & viewports_->shrinkingBits() ? shrunk().positions() : *positions_;
+}
+
 void FaceGeometry::runsChanged()
 {
   runs_.clear();

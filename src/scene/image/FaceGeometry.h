@@ -54,6 +54,8 @@ public:
 
   void prepareShrunk(bool shrunk) override;
   const ShrunkFaces& shrunk() const;
+  /// Where the viewports of these bits, which all show polygons shrunk or all don't, draw the corners.
+  const osg::Vec3Array& positionsIn(std::uint32_t viewportBits) const;
 
   /// Takes the marks of a polygon's record over. True when the geometry got its first mark or lost its last one.
   bool setMarks(NaltPolygon& polygon, std::uint8_t marks);

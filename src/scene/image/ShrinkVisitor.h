@@ -8,7 +8,7 @@
 namespace nalt {
 
 /// A drawable that can show its polygons shrunk, in the viewports that ask for it. Where the polygons really are stays
-/// as it is, for picking and for everybody else.
+/// as it is.
 class Shrinkable {
 public:
   /// Makes ready what the shrunk polygons need, or gives it back.

@@ -535,6 +535,30 @@ TEST_F(Picking, ACornerThatIsDrawnElsewhereIsWhereTheRecordHasIt)
   EXPECT_EQ(*corner, osg::Vec3d(0, 0, 0));
 }
 
+TEST_F(Picking, ShrunkPolygonsAreHitWhereTheyAreDrawn)
+{
+  const auto* left = makeSquare(*object, -10, 0, 0.0, 10.0);
+  makeSquare(*object, 0, 0, 0.0, 10.0);
+  EXPECT_EQ(underMouse(at(-0.1, 5)), std::vector{left->getName()});
+  auto style = view().style();
+  style.shrunkPolygons = true;
+  view().setStyle(style);
+  EXPECT_THAT(underMouse(at(-0.1, 5)), testing::IsEmpty()) << "the gap between the two";
+  EXPECT_EQ(underMouse(at(-0.6, 5)), std::vector{left->getName()});
+
+  Preferences::get().pickTolerance = 2;
+  shell.mode = SelectionMode::vertex;
+  EXPECT_THAT(underMouse(at(0, 0)), testing::IsEmpty());
+  EXPECT_EQ(underMouse(at(-0.5, 0.5)).size(), 1U) << "one corner of the two that meet";
+  EXPECT_EQ(view().picker().cornerNear(at(0.5, 0.5)), osg::Vec3d(0, 0, 0)) << "where the record has it";
+  shell.mode = SelectionMode::edge;
+  EXPECT_EQ(underMouse(at(-0.5, 5)).size(), 1U);
+  const auto edge = view().picker().edgeIn({at(0.5, 5), at(0.5, 5)});
+  ASSERT_TRUE(edge);
+  EXPECT_EQ(edge->from, osg::Vec3d(0, 10, 0));
+  EXPECT_EQ(edge->to, osg::Vec3d(0, 0, 0));
+}
+
 TEST_F(Picking, OfTwoCornersInLineTheOneInFrontIsTaken)
 {
   makeSquare(*object, 0, 0, 0.0, 9.0);

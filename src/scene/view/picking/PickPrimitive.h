@@ -17,7 +17,7 @@ namespace nalt {
 struct PickPrimitive {
   fltapi::PrimNodeRecord* record; ///< the face, light point or mesh
   GLenum mode;
-  std::span<const osg::Vec3> corners;             ///< in the coordinates of the drawable
+  std::span<const osg::Vec3> corners;             ///< in the coordinates of the drawable, as they are drawn
   const std::vector<GLuint>* triangles = nullptr; ///< corners of those that fill it; null when `mode` says it
 
   /// Whether its corners are those of the record's vertex list, in its order.
@@ -128,8 +128,7 @@ bool forEachPrimitive(const osg::Drawable& drawable, std::uint32_t bits, const W
     auto* record = Sync::recordOf(drawable);
     return !geometry || !record || picking::forEachElementSet(*geometry, *record, work);
   }
-  const auto& positions = static_cast<const osg::Vec3Array&>(*faces->getVertexArray());
-  const std::span<const osg::Vec3> all(positions.asVector());
+  const std::span<const osg::Vec3> all(faces->positionsIn(bits).asVector());
   for (unsigned i = 0; const auto* polygon = faces->polygonAt(i); ++i) {
     if (!polygon->record() || !polygon->isVisibleIn(bits)) continue;
     const auto corners =

@@ -151,13 +151,13 @@ std::optional<osg::Vec3d> Picker::cornerNear(const osg::Vec2d& window, const Cor
   Nearness best{};
   search({window, window}, SelectionMode::vertex, [&](const BoxSelectionVisitor& visitor, const Hit& hit) {
     if (counts && !counts(*hit.record, hit.corner)) return true;
-    const auto position = exactPosition(hit, hit.corner, hit.position) * visitor.matrix();
-    const auto place = projection_.toWindow(position);
+    const auto shown = osg::Vec3d(hit.position) * visitor.matrix();
+    const auto place = projection_.toWindow(shown);
     const auto ray = projection_.rayAt(window);
     if (!place || !ray) return true;
-    const Nearness nearness{(*place - window).length(), (position - ray->nearPoint).length2()};
+    const Nearness nearness{(*place - window).length(), (shown - ray->nearPoint).length2()};
     if (nearest && !(nearness < best)) return true;
-    nearest = position;
+    nearest = exactPosition(hit, hit.corner, hit.position) * visitor.matrix();
     best = nearness;
     return true;
   });
@@ -169,18 +169,18 @@ std::optional<Picker::Edge> Picker::edgeIn(const WindowRect& rect) const
   std::optional<Edge> nearest;
   Nearness best{};
   search(rect, SelectionMode::edge, [&](const BoxSelectionVisitor& visitor, const Hit& hit) {
-    const Edge edge{exactPosition(hit, hit.corner, hit.position) * visitor.matrix(),
-                    exactPosition(hit, hit.nextCorner, hit.nextPosition) * visitor.matrix()};
-    const auto from = projection_.toWindow(edge.from);
-    const auto to = projection_.toWindow(edge.to);
+    const Edge shown{osg::Vec3d(hit.position) * visitor.matrix(), osg::Vec3d(hit.nextPosition) * visitor.matrix()};
+    const auto from = projection_.toWindow(shown.from);
+    const auto to = projection_.toWindow(shown.to);
     const auto ray = projection_.rayAt(rect.centre());
     if (!ray) return true;
     // An end behind the eye has no place in the window; such an edge counts when no other does.
     const double pixels =
         from && to ? pixelsToLine(rect.centre(), *from, *to) : projection_.width() + projection_.height();
-    const Nearness nearness{pixels, ((edge.from + edge.to) * 0.5 - ray->nearPoint).length2()};
+    const Nearness nearness{pixels, ((shown.from + shown.to) * 0.5 - ray->nearPoint).length2()};
     if (nearest && !(nearness < best)) return true;
-    nearest = edge;
+    nearest = Edge{exactPosition(hit, hit.corner, hit.position) * visitor.matrix(),
+                   exactPosition(hit, hit.nextCorner, hit.nextPosition) * visitor.matrix()};
     best = nearness;
     return true;
   });
