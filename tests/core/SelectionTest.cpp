@@ -74,6 +74,55 @@ TEST_F(SelectionTest, FamiliesStandSideBySide)
   EXPECT_THAT(names(), ElementsAre("p1", "g2"));
 }
 
+TEST_F(SelectionTest, SeveralFamiliesJoinInOneStep)
+{
+  makeSquare(0, 0);
+  makeSquare(1, 0);
+  makeSquare(2, 0);
+  make<fltapi::GroupRecord>(header());
+  NameSearch search;
+  search.names = {"p1"};
+  selectByName(*model, search, true);
+  search = {.names = {"p2", "p3/V0", "g2"}, .caseSensitive = false, .addToSelection = true};
+  EXPECT_TRUE(selectByName(*model, search, true));
+  EXPECT_THAT(names(), ElementsAre("p3/V0", "p1", "p2", "g2"));
+  EXPECT_EQ(model->commandStack().undoCommands().size(), 2U);
+  model->commandStack().undo();
+  EXPECT_THAT(names(), ElementsAre("p1"));
+  model->commandStack().redo();
+  EXPECT_THAT(names(), ElementsAre("p3/V0", "p1", "p2", "g2"));
+}
+
+TEST_F(SelectionTest, OfSeveralFamiliesThoseJoinThatMay)
+{
+  makeSquare(0, 0);
+  makeSquare(1, 0);
+  NameSearch search;
+  search.names = {"p1"};
+  selectByName(*model, search, true);
+  search = {.names = {"g1", "p2"}, .caseSensitive = false, .addToSelection = true};
+  EXPECT_TRUE(selectByName(*model, search, true));
+  EXPECT_THAT(names(), ElementsAre("p1", "p2"));
+  EXPECT_THAT(shell.messages, IsEmpty());
+  search.names = {"g1", "o1"};
+  EXPECT_FALSE(selectByName(*model, search, true));
+  EXPECT_THAT(shell.messages, ElementsAre("WARNING: Recursive selection is not allowed."));
+  EXPECT_EQ(model->commandStack().undoCommands().size(), 2U);
+}
+
+TEST_F(SelectionTest, AnEmptySelectionChangesNothingWithoutAWord)
+{
+  makeSquare(0, 0);
+  selectAll(*model, SelectionMode::polygon, true);
+  const NodeSelection nothing(SelectionMode::group);
+  EXPECT_FALSE(selections().add(nothing));
+  EXPECT_FALSE(selections().toggle(nothing));
+  EXPECT_FALSE(selections().remove(nothing));
+  EXPECT_THAT(names(), ElementsAre("p1"));
+  EXPECT_THAT(shell.messages, IsEmpty());
+  EXPECT_EQ(model->commandStack().undoCommands().size(), 1U);
+}
+
 TEST_F(SelectionTest, UndoAndRedoOfEveryKindOfChange)
 {
   auto* a = makeSquare(0, 0);
@@ -93,6 +142,26 @@ TEST_F(SelectionTest, UndoAndRedoOfEveryKindOfChange)
   EXPECT_THAT(names(), ElementsAre("p1"));
   stack.redo();
   EXPECT_THAT(names(), ElementsAre("p1", "p2"));
+}
+
+TEST_F(SelectionTest, UndoOfARemovalSelectsOnlyWhatWasSelected)
+{
+  const auto* list = makeSquare(0, 0)->vertexList();
+  const auto corners = [&](std::initializer_list<int> numbers) {
+    VertexSelection selection(SelectionMode::vertex);
+    for (const int number : numbers)
+      selection.insert({const_cast<fltapi::VertexListRecord*>(list), list->vertexAt(number)});
+    return selection;
+  };
+  selections().select(corners({0, 1}).clone());
+  EXPECT_TRUE(selections().remove(corners({1, 2, 3})));
+  EXPECT_THAT(names(), ElementsAre("p1/V0"));
+  model->commandStack().undo();
+  EXPECT_THAT(names(), ElementsAre("p1/V0", "p1/V1"));
+  model->commandStack().redo();
+  EXPECT_THAT(names(), ElementsAre("p1/V0"));
+  EXPECT_FALSE(selections().remove(corners({2, 3}))) << "they aren't selected";
+  EXPECT_EQ(model->commandStack().undoCommands().size(), 2U);
 }
 
 TEST_F(SelectionTest, WithoutUndoThereIsNoCommand)
@@ -234,8 +303,14 @@ TEST_F(SelectionTest, NamesFindNodesCornersAndEdges)
   search.names = {"p1/V2", "p1/E3"};
   EXPECT_TRUE(selectByName(*model, search, true));
   EXPECT_THAT(names(), ElementsAre("p1/V2", "p1/E3"));
-  search.names = {"p"};
-  EXPECT_FALSE(selectByName(*model, search, true));
+  for (const char* name : {"p", "p1/v2", "p1/e3", "p1/V02", "p1/V-0", "p1/V+2", "p1/V2 ", "p1/V4"}) {
+    search.names = {name};
+    EXPECT_FALSE(selectByName(*model, search, true)) << name;
+  }
+  search.caseSensitive = false;
+  search.names = {"P1/v2", "p1/e3"};
+  EXPECT_TRUE(selectByName(*model, search, true));
+  EXPECT_THAT(names(), ElementsAre("p1/V2", "p1/E3"));
   search.names = {""};
   EXPECT_FALSE(selectByName(*model, search, true));
 }

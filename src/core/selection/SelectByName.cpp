@@ -34,19 +34,20 @@ struct Wanted {
   std::vector<Part> parts;
 };
 
-/// Splits "p19/V2" into the name and the part; none for a name without one.
-std::optional<Part> partOf(const std::string& name, std::string& nodeName)
+/// Splits "p19/V2" into the name and the part; none for a name without one. Numbers are written in one way only, as in
+/// the names that scripts get: "p19/V02" is no part.
+std::optional<Part> partOf(const std::string& name, bool caseSensitive, std::string& nodeName)
 {
   const auto slash = name.rfind('/');
   if (slash == std::string::npos || slash + 2 >= name.size()) return std::nullopt;
-  const char kind = name[slash + 1];
+  const auto digits = name.substr(slash + 2);
   int number = 0;
-  const auto* end = name.data() + name.size();
-  const auto [rest, error] = std::from_chars(name.data() + slash + 2, end, number);
-  if (error != std::errc{} || rest != end || number < 0) return std::nullopt;
+  const auto [rest, error] = std::from_chars(digits.data(), digits.data() + digits.size(), number);
+  if (error != std::errc{} || number < 0 || digits != std::to_string(number)) return std::nullopt;
   nodeName = name.substr(0, slash);
-  if (kind == 'V' || kind == 'v') return Part{SelectionMode::vertex, number};
-  if (kind == 'E' || kind == 'e') return Part{SelectionMode::edge, number};
+  const char kind = name[slash + 1];
+  if (kind == 'V' || (kind == 'v' && !caseSensitive)) return Part{SelectionMode::vertex, number};
+  if (kind == 'E' || (kind == 'e' && !caseSensitive)) return Part{SelectionMode::edge, number};
   return std::nullopt;
 }
 
@@ -58,7 +59,7 @@ public:
       if (name.empty()) continue;
       wanted_[keyOf(name)].whole = true;
       std::string nodeName;
-      if (const auto part = partOf(name, nodeName)) wanted_[keyOf(nodeName)].parts.push_back(*part);
+      if (const auto part = partOf(name, caseSensitive_, nodeName)) wanted_[keyOf(nodeName)].parts.push_back(*part);
     }
   }
 
@@ -116,14 +117,9 @@ bool selectByName(Model& model, const NameSearch& search, bool undoable)
   forEachNode(*header, [&](fltapi::PrimNodeRecord& node) { matcher.match(node, found); });
   if (found.empty()) return false;
   const auto change = recordedChange("selectByName", selectByNameLine(search), undoable);
-  if (!search.addToSelection) {
-    model.selections().select(found, change);
-    return true;
-  }
-  bool any = false;
-  for (const auto& [mode, selection] : found.families())
-    any = model.selections().add(*selection, change) || any;
-  return any;
+  if (search.addToSelection) return model.selections().add(found, change);
+  model.selections().select(found, change);
+  return true;
 }
 
 } // namespace nalt

@@ -71,6 +71,16 @@ private:
   std::map<const fltapi::PrimNodeRecord*, bool> files_; ///< by header: whether anything is selected there
 };
 
+/// What two selections of one family both hold.
+std::unique_ptr<Selection> commonPart(const Selection& a, const Selection& b)
+{
+  const auto others = a.clone();
+  others->remove(b);
+  auto common = a.clone();
+  common->remove(*others);
+  return common;
+}
+
 /// Tells the elements that left the document since they were selected. Those of one polygon stand together.
 class IsGone {
 public:
@@ -119,17 +129,12 @@ std::vector<std::string> SelectionSet::names() const
   return all;
 }
 
-bool SelectionSet::containsExternal() const
-{
-  return std::ranges::any_of(current_.families(), [](const auto& family) { return family.second->containsExternal(); });
-}
-
 // ---- changing --------------------------------------------------------------------------------------------------
 
-bool SelectionSet::toolRefuses(const Selection& selection) const
+bool SelectionSet::toolRefuses(const Selections& selections) const
 {
   auto* tool = model_.tool();
-  if (!tool || !tool->writesRecords() || !selection.containsExternal()) return false;
+  if (!tool || !tool->writesRecords() || !selections.containsExternal()) return false;
   Shell::get().warning("Can't modify externally referenced geometry.");
   tool->selectionChanged();
   return true;
@@ -137,9 +142,7 @@ bool SelectionSet::toolRefuses(const Selection& selection) const
 
 void SelectionSet::select(Selections selections, const SelectionChange& change)
 {
-  for (const auto& [mode, selection] : selections.families()) {
-    if (toolRefuses(*selection)) return;
-  }
+  if (toolRefuses(selections)) return;
   const WaitCursor cursor;
   previous_ = current_;
   Selections before = std::move(current_);
@@ -172,21 +175,29 @@ std::unique_ptr<Selection> SelectionSet::withoutRelatives(const Selection& selec
 
 bool SelectionSet::add(const Selection& selection, const SelectionChange& change)
 {
-  if (selection.empty()) {
+  Selections selections;
+  selections.add(selection);
+  return add(selections, change);
+}
+
+bool SelectionSet::add(const Selections& selections, const SelectionChange& change)
+{
+  if (selections.empty()) {
     model_.redrawViewports();
     return false;
   }
   const WaitCursor cursor;
-  if (toolRefuses(selection)) return false;
-  auto joining = withoutRelatives(selection);
-  if (joining->empty()) {
+  if (toolRefuses(selections)) return false;
+  Selections joining;
+  for (const auto& [mode, selection] : selections.families())
+    joining.add(withoutRelatives(*selection));
+  if (joining.empty()) {
     Shell::get().warning("Recursive selection is not allowed.");
     return false;
   }
-  Selections added;
-  if (const auto* family = current_.find(selection.mode())) joining->remove(*family);
-  added.add(*joining);
-  current_.add(*joining);
+  auto added = joining;
+  added.remove(current_);
+  current_.add(added);
   markSelected(added, true, model_.sync());
   finish({}, std::move(added), change);
   return true;
@@ -197,13 +208,10 @@ bool SelectionSet::remove(const Selection& selection, const SelectionChange& cha
   const auto* family = current_.find(selection.mode());
   if (!family) return false;
   const WaitCursor cursor;
-  auto leaving = selection.clone();
-  leaving->discard([&](fltapi::PrimNodeRecord& node, const fltapi::Record* vertex) {
-    return !vertex && !family->containsNode(node);
-  });
   Selections removed;
-  removed.add(*leaving);
-  if (!current_.remove(selection)) return false;
+  removed.add(commonPart(selection, *family));
+  if (removed.empty()) return false;
+  current_.remove(removed);
   markSelected(removed, false, model_.sync());
   finish(std::move(removed), {}, change);
   return true;
@@ -211,16 +219,20 @@ bool SelectionSet::remove(const Selection& selection, const SelectionChange& cha
 
 bool SelectionSet::toggle(const Selection& selection, const SelectionChange& change)
 {
+  if (selection.empty()) {
+    model_.redrawViewports();
+    return false;
+  }
   const WaitCursor cursor;
-  if (toolRefuses(selection)) return false;
+  Selections meant;
+  meant.add(selection);
+  if (toolRefuses(meant)) return false;
   Selections removed;
   Selections added;
   auto joining = selection.clone();
   if (const auto* family = current_.find(selection.mode())) {
-    auto leaving = selection.clone();
     joining->remove(*family);
-    leaving->remove(*joining);
-    removed.add(*leaving);
+    removed.add(commonPart(selection, *family));
   }
   joining = withoutRelatives(*joining);
   added.add(*joining);
@@ -361,28 +373,6 @@ void SelectionSet::forgetAll()
   current_.clear();
   previous_.clear();
   pivot_ = {};
-  tellListeners();
-}
-
-void SelectionSet::forget(const fltapi::PrimNodeRecord& node)
-{
-  const auto isBelow = [&](fltapi::PrimNodeRecord& candidate, const fltapi::Record*) {
-    for (const fltapi::PrimNodeRecord* above = &candidate; above; above = above->parent()) {
-      if (above == &node) return true;
-    }
-    return false;
-  };
-  Selections kept;
-  for (const auto& [mode, selection] : current_.families()) {
-    auto rest = selection->clone();
-    rest->discard(isBelow);
-    kept.add(std::move(rest));
-  }
-  markSelected(current_, false, model_.sync());
-  current_ = std::move(kept);
-  markSelected(current_, true, model_.sync());
-  pivot_.isStale = true;
-  pivotIsNews_ = true;
   tellListeners();
 }
 

@@ -38,11 +38,11 @@ public:
   bool empty() const { return families_.empty(); }
   std::size_t size() const;
   bool equals(const Selections& other) const;
+  bool containsExternal() const;
 
   void add(const Selection& selection);
   void add(std::unique_ptr<Selection> selection);
   bool remove(const Selection& selection);
-  void toggle(const Selection& selection);
   void add(const Selections& other);
   void remove(const Selections& other);
   void clear() { families_.clear(); }
@@ -83,7 +83,7 @@ public:
   std::size_t size() const { return current_.size(); }
   std::size_t size(SelectionMode mode) const;
   /// Whether anything selected belongs to an external reference and so must not be changed.
-  bool containsExternal() const;
+  bool containsExternal() const { return current_.containsExternal(); }
   /// Of all elements: the families by mode, in byte order within one. Each name once for each family.
   std::vector<std::string> names() const;
 
@@ -93,8 +93,10 @@ public:
   /// Replaces the selection; the old one becomes the previous one.
   void select(Selections selections, const SelectionChange& change = {});
   void select(std::unique_ptr<Selection> selection, const SelectionChange& change = {});
-  /// False, after a message, when nothing could join: no node is selected together with one above or below it.
+  /// False, after a message, when nothing could join: no node joins one above or below it that is selected already.
   bool add(const Selection& selection, const SelectionChange& change = {});
+  /// Several families in one step.
+  bool add(const Selections& selections, const SelectionChange& change = {});
   bool remove(const Selection& selection, const SelectionChange& change = {});
   bool toggle(const Selection& selection, const SelectionChange& change = {});
   void clear(const SelectionChange& change = {});
@@ -114,9 +116,6 @@ public:
 
   /// Another record stands in the place of one that may be selected.
   void replaceRecord(fltapi::Record& oldRecord, fltapi::Record& newRecord);
-  /// Records left the tree: they can't stay selected.
-  void forget(const fltapi::PrimNodeRecord& node);
-
   /// Another document takes the place of this one: no command, nothing to go back to.
   void forgetAll();
 
@@ -132,7 +131,7 @@ public:
   void exchange(const Selections& leaving, const Selections& joining, const PivotState& pivot);
 
 private:
-  bool toolRefuses(const Selection& selection) const;
+  bool toolRefuses(const Selections& selections) const;
   std::unique_ptr<Selection> withoutRelatives(const Selection& selection) const;
   SelectionChange asRecorded(const SelectionChange& change) const;
   void finish(Selections removed, Selections added, const SelectionChange& change);

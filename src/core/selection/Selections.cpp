@@ -23,6 +23,11 @@ bool Selections::equals(const Selections& other) const
                     [](const auto& a, const auto& b) { return a.first == b.first && a.second->equals(*b.second); });
 }
 
+bool Selections::containsExternal() const
+{
+  return std::ranges::any_of(families_, [](const auto& family) { return family.second->containsExternal(); });
+}
+
 /// The family's object, made when it is missing and copied when somebody else holds it too.
 Selection& Selections::own(SelectionMode mode)
 {
@@ -69,12 +74,6 @@ bool Selections::remove(const Selection& selection)
   const bool removed = own(selection.mode()).remove(selection);
   dropEmpty(selection.mode());
   return removed;
-}
-
-void Selections::toggle(const Selection& selection)
-{
-  own(selection.mode()).combine(selection);
-  dropEmpty(selection.mode());
 }
 
 void Selections::add(const Selections& other)
