@@ -6,7 +6,6 @@
 #include "core/Model.h"
 #include "core/Preferences.h"
 #include "core/WaitCursor.h"
-#include "core/hierarchy/DeleteSelected.h"
 #include "core/selection/SelectOperations.h"
 #include "fltapi/Opcodes.h"
 #include "scene/view/Viewport.h"
@@ -188,11 +187,6 @@ std::string redoName(const Gui& gui)
 {
   Model* model = gui.currentModel();
   return nameOf("Redo", model ? &model->commandStack().redoCommands() : nullptr);
-}
-
-void deleteSelected(Gui& gui)
-{
-  if (Model* model = gui.currentModel()) nalt::deleteSelected(*model, /*undoable=*/true);
 }
 
 void selectAll(Gui& gui)

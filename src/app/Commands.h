@@ -26,7 +26,13 @@ void redo(Gui& gui);
 std::string undoName(const Gui& gui);
 std::string redoName(const Gui& gui);
 
+// What is selected, in the tree of nodes.
 void deleteSelected(Gui& gui);
+void setParent(Gui& gui);
+void shiftFarLeft(Gui& gui);
+void shiftLeft(Gui& gui);
+void shiftRight(Gui& gui);
+void shiftFarRight(Gui& gui);
 
 // The selection, in the mode that is on.
 void selectAll(Gui& gui);

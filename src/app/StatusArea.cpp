@@ -1,6 +1,7 @@
 #include "app/StatusArea.h"
 
 #include "app/Action.h"
+#include "app/Commands.h"
 #include "app/Gui.h"
 #include "app/GuiWidgets.h"
 #include "app/NarrowingGroup.h"
@@ -101,10 +102,13 @@ void addGridButtons(GuiWidgets& widgets)
 void addParentButton(GuiWidgets& widgets)
 {
   addLabel(590, 671, fieldWidth, 18, "Parent:");
-  Fl_Button* button = addButton(590, rowTops[2], fieldWidth, nullptr, "Set Parent Node (not in this version)");
+  Fl_Button* button = addButton(590, rowTops[2], fieldWidth, nullptr, "Set Parent Node");
   button->labeltype(plainLabel());
   button->align(FL_ALIGN_CENTER | FL_ALIGN_INSIDE | FL_ALIGN_CLIP);
-  button->deactivate();
+  button->callback([](Fl_Widget*, void*) {
+    Gui& gui = Gui::get();
+    if (when::selection(gui)) commands::setParent(gui);
+  });
   widgets.parentButton = button;
 }
 
@@ -172,6 +176,7 @@ void updateStatusArea(const Gui& gui)
   setText(*widgets.selections, std::to_string(model ? model->selections().size() : 0));
   for (Fl_Button* button : widgets.gridAlignment)
     model ? button->activate() : button->deactivate();
+  when::selection(gui) ? widgets.parentButton->activate() : widgets.parentButton->deactivate();
   if (const std::string name = parentName(model);
       name != (widgets.parentButton->label() ? widgets.parentButton->label() : ""))
     widgets.parentButton->copy_label(name.c_str());

@@ -160,6 +160,46 @@ TEST_F(MenuCommands, DeleteTakesTheSelectionAwayAndUndoBringsItBack)
   EXPECT_THAT(selected(), ElementsAre("p1", "p2"));
 }
 
+TEST_F(MenuCommands, NodesAreShiftedAmongTheirNeighbours)
+{
+  openSquares(3);
+  Model& model = *gui.currentModel();
+  const auto order = [&] {
+    auto* object = model.fltFile()->header()->primaryChildAt(0)->primaryChildAt(0);
+    std::vector<std::string> names;
+    for (const auto* child : object->primaryChildren())
+      names.push_back(child->getName());
+    return names;
+  };
+  for (const char* label : {"&Set Parent", "Shift F&ar Left", "Sh&ift Left", "Shi&ft Right", "Shift Far Ri&ght"})
+    EXPECT_FALSE(isActive(label)) << label << " needs a selection";
+  selectByName(model, {.names = {"p3"}}, /*undoable=*/true);
+  pick("Sh&ift Left");
+  EXPECT_THAT(order(), ElementsAre("p1", "p3", "p2"));
+  pick("Shift F&ar Left");
+  EXPECT_THAT(order(), ElementsAre("p3", "p1", "p2"));
+  pick("Shi&ft Right");
+  EXPECT_THAT(order(), ElementsAre("p1", "p3", "p2"));
+  pick("Shift Far Ri&ght");
+  EXPECT_THAT(order(), ElementsAre("p1", "p2", "p3"));
+  EXPECT_EQ(commands::undoName(gui), "Undo Shift Far Right");
+}
+
+TEST_F(MenuCommands, SetParentTakesTheOneSelectedNode)
+{
+  openSquares(2);
+  Model& model = *gui.currentModel();
+  selectByName(model, {.names = {"o1"}}, /*undoable=*/true);
+  pick("&Set Parent");
+  EXPECT_EQ(model.currentParent()->getName(), "o1");
+  EXPECT_EQ(commands::undoName(gui), "Undo Set Parent");
+  commands::undo(gui);
+  EXPECT_EQ(model.currentParent(), model.fltFile()->header());
+  selectByName(model, {.names = {"p1", "p2"}}, /*undoable=*/true);
+  pick("&Set Parent");
+  EXPECT_THAT(said, ElementsAre("WARNING: Can't set parent based on multiple selection."));
+}
+
 TEST_F(MenuCommands, GizmosAndSnappingAreTheSameInAllModels)
 {
   EXPECT_TRUE(entry("Show &Gizmos").isOn(gui));
