@@ -111,6 +111,16 @@ TEST_F(ExternalReferences, notFoundAtTheirAbsolutePathAreFoundOnTheSearchPathByT
   EXPECT_THAT(bench.host.warnings, IsEmpty());
 }
 
+TEST_F(ExternalReferences, ofAnAbsolutePathAreFoundBelowTheSearchPathByAllOfIt)
+{
+  write("root/models/tank.flt", fileWith("joined"));
+  write("root/tank.flt", fileWith("name alone"));
+  const ScopedEnvironment searchPath("NALT_FILE_PATH", bench.path("root"));
+  const auto file = bench.load(flt::file(flt::external("/models/tank.flt")));
+  EXPECT_EQ(shownByFirst(*file), "joined");
+  EXPECT_EQ(references(*file).front()->resolvedPath(), bench.path("root/models/tank.flt"));
+}
+
 TEST_F(ExternalReferences, areFoundInTheFoldersOfTheSearchPathInTheirOrder)
 {
   write("b/parts/tank.flt", fileWith("b, joined"));

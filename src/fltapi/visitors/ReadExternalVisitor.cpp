@@ -27,9 +27,11 @@ std::vector<std::string> foldersOf(const std::string& searchPath)
   return folders;
 }
 
+/// An absolute path goes below the folder as well, where a whole tree of folders was moved or copied to.
 std::string joined(const std::string& folder, const std::string& path)
 {
-  return (std::filesystem::path(folder) / path).string();
+  if (folder.empty()) return path;
+  return (std::filesystem::path(folder) / std::filesystem::path(path).relative_path()).string();
 }
 
 /// A path may name one node of the file in angle brackets; the whole file is shown all the same.
