@@ -64,8 +64,9 @@ Model::Model(int x, int y, int w, int h) : Fl_Tile((NoCurrentGroup(), x), y, w, 
 Model::~Model()
 {
   removeAllViewports(/*destroy=*/true);
-  endTool(); // a tool may hand over a last command
-  commandStack_.clear();
+  commandStack_.clear(); // first, so that a tool which ends finds nothing to undo
+  endTool();
+  commandStack_.clear(); // what the tool handed over at its end
 }
 
 /// Nothing of a former document may be undone, selected or shown in the next one.
@@ -198,10 +199,11 @@ void Model::followHistory()
 
 void Model::setActiveViewport(VPBase* viewport)
 {
-  if (viewport == activeViewport_) return;
-  activeViewport_ = viewport;
-  for (int i = 0; i < children(); ++i) {
-    if (auto* panel = dynamic_cast<VPBase*>(child(i))) panel->setActive(panel == viewport);
+  if (viewport != activeViewport_) {
+    activeViewport_ = viewport;
+    for (int i = 0; i < children(); ++i) {
+      if (auto* panel = dynamic_cast<VPBase*>(child(i))) panel->setActive(panel == viewport);
+    }
   }
   Shell::get().activeViewportChanged(*this);
 }

@@ -79,6 +79,7 @@ public:
   // What the core tells the shell so that the window can follow; a shell without a window needs none of it.
   /// Path, tab label or dirty state of `model` changed.
   virtual void documentChanged(Model& /*model*/) {}
+  /// The active viewport of `model` gets the keys that nothing else wants; it may have been the active one before.
   virtual void activeViewportChanged(Model& /*model*/) {}
   /// What can be undone or redone in `model` changed.
   virtual void historyChanged(Model& /*model*/) {}
