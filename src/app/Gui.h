@@ -43,7 +43,7 @@ public:
   Answer ask(const std::string& text) override;
   /// With a third answer, to give up what led to the question.
   virtual Answer askOrCancel(const std::string& text);
-  void waitCursor() override;
+  bool waitCursor() override;
   void defaultCursor() override;
   void setStatusLine(const std::string& text) override;
   void beginProgress(const std::string& text);

@@ -67,20 +67,21 @@ void Gui::setQuiet(bool quiet, bool batch)
   batch_ = batch;
 }
 
-void Gui::waitCursor()
+bool Gui::waitCursor()
 {
   Fl_Double_Window* window = GuiWidgets::get().mainWindow;
-  if (waiting_ || quiet_ || headless_ || !window->shown()) return;
+  if (waiting_ || quiet_ || headless_ || !window->shown()) return false;
   waiting_ = true;
   window->cursor(FL_CURSOR_WAIT);
   if (current_ && current_->activeViewport())
     if (Fl_Window* view = current_->activeViewport()->widget().as_window(); view && view->shown())
       view->cursor(FL_CURSOR_WAIT);
+  return true;
 }
 
 void Gui::defaultCursor()
 {
-  if (!waiting_) return;
+  if (!waiting_ || quiet_) return;
   waiting_ = false;
   GuiWidgets::get().mainWindow->cursor(FL_CURSOR_DEFAULT);
   for (int i = 0; i < modelCount(); ++i)

@@ -43,7 +43,9 @@ public:
   /// A yes-or-no question; in a quiet run nobody is asked and the preset answer counts.
   virtual Answer ask(const std::string& text) = 0;
 
-  virtual void waitCursor() = 0;
+  /// False when it is on already or the run is quiet; who switched it on then leaves it to others to switch it off.
+  virtual bool waitCursor() = 0;
+  /// Does nothing in a quiet run.
   virtual void defaultCursor() = 0;
   virtual void setStatusLine(const std::string& text) = 0;
 

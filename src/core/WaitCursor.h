@@ -4,13 +4,19 @@
 
 namespace nalt {
 
-/// The wait cursor for the time of a block.
+/// The wait cursor for the time of a block, and of those that it stands in.
 class WaitCursor {
 public:
-  WaitCursor() { Shell::get().waitCursor(); }
+  WaitCursor() : mine_(Shell::get().waitCursor()) {}
   WaitCursor(const WaitCursor&) = delete;
   WaitCursor& operator=(const WaitCursor&) = delete;
-  ~WaitCursor() { Shell::get().defaultCursor(); }
+  ~WaitCursor()
+  {
+    if (mine_) Shell::get().defaultCursor();
+  }
+
+private:
+  bool mine_; ///< a block around this one has it on otherwise
 };
 
 } // namespace nalt

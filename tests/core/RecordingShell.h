@@ -30,7 +30,7 @@ public:
     questions.push_back(text);
     return answer;
   }
-  void waitCursor() override {}
+  bool waitCursor() override { return true; }
   void defaultCursor() override {}
   void setStatusLine(const std::string& text) override { status = text; }
   bool quiet() const override { return isQuiet; }

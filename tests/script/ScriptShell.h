@@ -7,6 +7,7 @@
 #include <memory>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace nalt {
@@ -22,7 +23,7 @@ public:
   bool cursorWaits = false;
   int endedScripts = 0;
 
-  void waitCursor() override { cursorWaits = true; }
+  bool waitCursor() override { return !std::exchange(cursorWaits, true); }
   void defaultCursor() override { cursorWaits = false; }
   void scriptEnded() override { ++endedScripts; }
 
