@@ -10,6 +10,7 @@
 #include "core/LuaText.h"
 #include "core/Model.h"
 #include "core/Preferences.h"
+#include "core/Tool.h"
 #include "core/WaitCursor.h"
 #include "fltapi/FltFile.h"
 #include "fltapi/VersionText.h"
@@ -244,9 +245,11 @@ bool FileOperations::run(std::unique_ptr<FileJob> job, bool synchronous)
     startNext();
     return true;
   }
+  const bool opens = job->kind == FileOperationKind::open || job->kind == FileOperationKind::import;
+  if (Model* current = gui_.currentModel(); current && opens) current->setTool(nullptr);
   if (job->kind == FileOperationKind::open) {
     if (Model* shown = gui_.modelWithPath(job->path)) {
-      gui_.setCurrentModel(*shown);
+      gui_.switchTo(*shown);
       startNext();
       return true;
     }

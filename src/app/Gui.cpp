@@ -170,12 +170,16 @@ void Gui::showModel(Model* model)
   dialogs_->modelChanged();
 }
 
+void Gui::switchTo(Model& model)
+{
+  if (&model == current_) return;
+  showModel(&model);
+  record("setCurrentModel", luaCall("setCurrentModel", model.path()));
+}
+
 void Gui::tabChanged()
 {
-  auto* model = dynamic_cast<Model*>(GuiWidgets::get().tabs->value());
-  if (!model || model == current_) return;
-  showModel(model);
-  record("setCurrentModel", luaCall("setCurrentModel", model->path()));
+  if (auto* model = dynamic_cast<Model*>(GuiWidgets::get().tabs->value())) switchTo(*model);
 }
 
 void Gui::nextModel(int step)
@@ -183,8 +187,7 @@ void Gui::nextModel(int step)
   const int count = modelCount();
   if (count < 2 || !current_) return;
   const int place = GuiWidgets::get().tabs->find(current_);
-  showModel(modelAt((place + step + count) % count));
-  record("setCurrentModel", luaCall("setCurrentModel", current_->path()));
+  switchTo(*modelAt((place + step + count) % count));
 }
 
 Model* Gui::newModel(const std::string& filename)
@@ -472,6 +475,7 @@ void Gui::scriptEnded()
   showModel(current_);
   for (int i = 0; i < modelCount(); ++i)
     modelAt(i)->redrawViewports();
+  dialogs_->preferencesChanged(); // the tolerance, say
 }
 
 void Gui::showAttributes(Model&, const Selection& picked)

@@ -97,6 +97,8 @@ public:
   void exitProgram();
   void openFiles(const std::vector<std::string>& paths);
   void importFiles(const std::vector<std::string>& paths);
+  /// Makes `model` current and records that, unless it is current already.
+  void switchTo(Model& model);
   /// After the user clicked a tab.
   void tabChanged();
 

@@ -1,6 +1,7 @@
 #include "app/FileWorker.h"
 #include "core/Externals.h"
 #include "core/ScriptRecorder.h"
+#include "core/Tool.h"
 #include "core/selection/SelectOperations.h"
 #include "tests/app/GuiFixture.h"
 
@@ -298,6 +299,33 @@ TEST_F(FileOperationsTest, WhatTheUserDoesToFilesIsRecorded)
                                           "nalt.setCurrentModel(\"" + (folder / "c.flt") + "\")", "nalt.closeModel()"));
   EXPECT_EQ(recorder.comments.back(), "--\n-- nalt.closeModel()\n-- Closes the current model.");
   gui.setScriptRecorder(nullptr);
+}
+
+TEST_F(FileOperationsTest, TurningToAnOpenFileIsRecorded)
+{
+  open("a.flt");
+  open("b.flt");
+  Recorder recorder;
+  gui.setScriptRecorder(&recorder);
+  gui.openFiles({folder / "a.flt", folder / "a.flt"});
+  gui.files().waitUntilIdle();
+  EXPECT_THAT(recorder.lines, ElementsAre("nalt.setCurrentModel(\"" + (folder / "a.flt") + "\")"));
+  gui.setScriptRecorder(nullptr);
+}
+
+TEST_F(FileOperationsTest, OpeningEndsTheToolAlsoWhenItFails)
+{
+  class IdleTool : public Tool {
+  public:
+    IdleTool() : Tool(Writes::nothing) {}
+    void run() override {}
+  };
+  open("a.flt");
+  Model& model = *gui.currentModel();
+  model.setTool(std::make_unique<IdleTool>());
+  EXPECT_FALSE(gui.openModel(folder / "missing.flt", /*synchronous=*/true));
+  EXPECT_EQ(gui.currentModel(), &model);
+  EXPECT_EQ(model.tool(), nullptr);
 }
 
 TEST_F(FileOperationsTest, AScriptsOwnFilesAreNotRecordedAgain)
