@@ -393,9 +393,9 @@ std::string recentLabel(const Gui& gui, int place)
   const std::vector<std::string>& paths = gui.recentFiles().paths();
   if (place >= static_cast<int>(paths.size())) return "";
   std::string label = "&" + std::to_string(place + 1) + ". ";
-  // A single "&" would underline the letter behind it.
+  // A single "&" would underline the letter behind it, and a single "@" would be a picture.
   for (const char c : paths[static_cast<std::size_t>(place)])
-    label += c == '&' ? std::string("&&") : std::string(1, c);
+    label += std::string(c == '&' || c == '@' ? 2 : 1, c);
   return label;
 }
 

@@ -33,8 +33,21 @@ private:
   Fl_Group* before_ = Fl_Group::current();
 };
 
+/// Around what FLTK does with a text: tabs and buttons would take a "&" for the mark of a key.
+class NoKeyMark {
+public:
+  NoKeyMark() { fl_draw_shortcut = 0; }
+  NoKeyMark(const NoKeyMark&) = delete;
+  NoKeyMark& operator=(const NoKeyMark&) = delete;
+  ~NoKeyMark() { fl_draw_shortcut = before_; }
+
+private:
+  char before_ = fl_draw_shortcut;
+};
+
 void drawPlain(const Fl_Label* label, int x, int y, int w, int h, Fl_Align align)
 {
+  const NoKeyMark asItIs;
   fl_font(label->font, label->size);
   fl_color(label->color);
   fl_draw(label->value, x, y - 1, w, h, align, nullptr, /*draw_symbols=*/0); // a tab is low: room for descenders
@@ -42,6 +55,7 @@ void drawPlain(const Fl_Label* label, int x, int y, int w, int h, Fl_Align align
 
 void measurePlain(const Fl_Label* label, int& w, int& h)
 {
+  const NoKeyMark asItIs;
   fl_font(label->font, label->size);
   fl_measure(label->value, w, h, /*draw_symbols=*/0);
 }
