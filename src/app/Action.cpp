@@ -3,7 +3,9 @@
 #include "app/Gui.h"
 #include "core/Model.h"
 
-namespace nalt::when {
+namespace nalt {
+
+namespace when {
 
 bool always(const Gui&)
 {
@@ -65,4 +67,37 @@ bool recentFiles(const Gui& gui)
   return !gui.recentFiles().paths().empty();
 }
 
-} // namespace nalt::when
+} // namespace when
+
+namespace {
+
+constexpr const char* notThere = "not in this version";
+
+}
+
+const char* whyNot(Operation run, Condition enabled, const Gui& gui)
+{
+  return run ? whyNotOpen(enabled, gui) : notThere;
+}
+
+const char* whyNotOpen(Condition enabled, const Gui& gui)
+{
+  if (enabled(gui)) return nullptr;
+  if (enabled == when::never) return notThere;
+  if (enabled == when::recentFiles) return "no file was opened yet";
+  if (!when::model(gui)) return "no model is open";
+  if (enabled == when::severalModels) return "there is no other model";
+  if (!when::idle(gui)) return "a file operation is running";
+  if (enabled == when::revertable) return "the model has no file yet";
+  if (enabled == when::selection) return "nothing is selected";
+  if (enabled == when::undoable) return "nothing to undo";
+  if (enabled == when::redoable) return "nothing to redo";
+  return "no viewport is active";
+}
+
+std::string withReason(const std::string& name, const char* reason)
+{
+  return reason ? name + " (" + reason + ")" : name;
+}
+
+} // namespace nalt

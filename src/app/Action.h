@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 namespace nalt {
 
 class Gui;
@@ -24,5 +26,13 @@ bool undoable(const Gui& gui);
 bool redoable(const Gui& gui);
 bool recentFiles(const Gui& gui); ///< there are files to open again
 } // namespace when
+
+/// In a few words why that can't be used now; null when it can.
+/// @param run null for what isn't in the program yet
+const char* whyNot(Operation run, Condition enabled, const Gui& gui);
+/// The same for a submenu.
+const char* whyNotOpen(Condition enabled, const Gui& gui);
+/// The reason behind a name, in brackets; just the name without a reason.
+std::string withReason(const std::string& name, const char* reason);
 
 } // namespace nalt

@@ -2,6 +2,7 @@
 
 #include "app/Gui.h"
 #include "app/GuiWidgets.h"
+#include "app/MenuReasons.h"
 #include "app/MenuTable.h"
 #include "app/ToolBars.h"
 #include "core/Model.h"
@@ -77,9 +78,41 @@ void* userData(const T& row)
   return const_cast<T*>(&row);
 }
 
+/// A label as it is read: without marks of keys, room behind it and dots.
+std::string plainText(const char* label)
+{
+  std::string text;
+  for (const char* c = label; *c; ++c)
+    if (*c != '&') text += *c;
+  while (text.ends_with(' ') || text.ends_with('.'))
+    text.pop_back();
+  return text;
+}
+
+/// Why the entry with that label can't be used now; empty if it can.
+std::string reasonAgainst(const char* label)
+{
+  const Menu& menu = theMenu();
+  for (std::size_t i = 0; i < menu.items.size(); ++i) {
+    if (menu.items[i].label() != label || menu.items[i].active()) continue;
+    const MenuRow* row = menu.rows[i];
+    const ToolButton* tool = menu.tools[i];
+    const char* reason = nullptr;
+    if (row && row->kind == MenuRow::Kind::submenu)
+      reason = whyNotOpen(row->enabled, Gui::get());
+    else if (row)
+      reason = whyNot(row->run, row->enabled, Gui::get());
+    else if (tool)
+      reason = whyNot(tool->run, tool->enabled, Gui::get());
+    return reason ? plainText(label) + ": " + reason + "." : "";
+  }
+  return "";
+}
+
 void add(Menu& menu, const Fl_Menu_Item& item, const MenuRow* row = nullptr, const ToolButton* tool = nullptr)
 {
   menu.items.push_back(item);
+  if (row || tool) menu.items.back().labeltype(labelWithReason(reasonAgainst));
   menu.rows.push_back(row);
   menu.tools.push_back(tool);
 }

@@ -6,6 +6,7 @@
 #include "app/GuiWidgets.h"
 #include "app/NarrowingGroup.h"
 #include "app/SelectionList.h"
+#include "app/Tooltip.h"
 #include "core/GridOperations.h"
 #include "core/Model.h"
 #include "fltapi/AllRecords.h"
@@ -81,16 +82,18 @@ void alignGrid(Fl_Widget*, void*)
   if (Model* model = gui.currentModel(); model && when::idle(gui)) align(*model, /*undoable=*/true);
 }
 
+struct Plane {
+  const char* name;
+  const char* tooltip;
+  Fl_Callback* align;
+};
+
+constexpr std::array planes = {Plane{"XY", "Align Grid To XY", alignGrid<setXYGrid>},
+                               Plane{"XZ", "Align Grid To XZ", alignGrid<setXZGrid>},
+                               Plane{"YZ", "Align Grid To YZ", alignGrid<setYZGrid>}};
+
 void addGridButtons(GuiWidgets& widgets)
 {
-  struct Plane {
-    const char* name;
-    const char* tooltip;
-    Fl_Callback* align;
-  };
-  constexpr std::array planes = {Plane{"XY", "Align Grid To XY", alignGrid<setXYGrid>},
-                                 Plane{"XZ", "Align Grid To XZ", alignGrid<setXZGrid>},
-                                 Plane{"YZ", "Align Grid To YZ", alignGrid<setYZGrid>}};
   addLabel(460, 671, fieldWidth, 18, "Grid Alignment:");
   for (std::size_t i = 0; i < planes.size(); ++i) {
     Fl_Button* button = addButton(460 + 28 * static_cast<int>(i), rowTops[2], 28, planes[i].name, planes[i].tooltip);
@@ -174,9 +177,14 @@ void updateStatusArea(const Gui& gui)
   const GuiWidgets& widgets = GuiWidgets::get();
   Model* model = gui.currentModel();
   setText(*widgets.selections, std::to_string(model ? model->selections().size() : 0));
-  for (Fl_Button* button : widgets.gridAlignment)
+  for (std::size_t i = 0; i < planes.size(); ++i) {
+    Fl_Button* button = widgets.gridAlignment[i];
     model ? button->activate() : button->deactivate();
-  when::selection(gui) ? widgets.parentButton->activate() : widgets.parentButton->deactivate();
+    setTooltip(*button, withReason(planes[i].tooltip, model ? nullptr : "no model is open"));
+  }
+  const char* reason = whyNotOpen(when::selection, gui);
+  reason ? widgets.parentButton->deactivate() : widgets.parentButton->activate();
+  setTooltip(*widgets.parentButton, withReason("Set Parent Node", reason));
   if (const std::string name = parentName(model);
       name != (widgets.parentButton->label() ? widgets.parentButton->label() : ""))
     widgets.parentButton->copy_label(name.c_str());

@@ -5,6 +5,7 @@
 #include "app/GuiWidgets.h"
 #include "app/NaltButton.h"
 #include "app/NarrowingGroup.h"
+#include "app/Tooltip.h"
 
 #include <FL/Fl_Box.H>
 #include <FL/Fl_Scroll.H>
@@ -12,7 +13,6 @@
 #include <cstring>
 #include <map>
 #include <string>
-#include <vector>
 
 namespace nalt {
 
@@ -129,15 +129,6 @@ std::map<const NaltButton*, const ToolButton*>& rows()
   return map;
 }
 
-/// Tooltips last as long as the program.
-const char* tooltipOf(const ToolButton& row)
-{
-  static std::vector<std::unique_ptr<std::string>> texts;
-  if (row.run) return row.tooltip;
-  texts.push_back(std::make_unique<std::string>(std::string(row.tooltip) + " (not in this version)"));
-  return texts.back()->c_str();
-}
-
 void pressed(Fl_Widget* widget, void*)
 {
   Gui& gui = Gui::get();
@@ -148,7 +139,7 @@ void pressed(Fl_Widget* widget, void*)
 
 NaltButton* addButton(GuiWidgets& widgets, int x, int y, const ToolButton& row)
 {
-  auto* button = new NaltButton(x, y, row.icon, tooltipOf(row));
+  auto* button = new NaltButton(x, y, row.icon, row.tooltip);
   if (row.kind == Kind::toggle) button->type(FL_TOGGLE_BUTTON);
   if (row.kind == Kind::radio) button->type(FL_RADIO_BUTTON);
   button->callback(pressed);
@@ -244,11 +235,9 @@ void updateToolBars(const Gui& gui)
 {
   for (const auto& [known, row] : rows()) {
     auto* button = const_cast<NaltButton*>(known);
-    if (row->run && row->enabled(gui))
-      button->activate();
-    else
-      button->deactivate();
-    if (row->text) button->copy_tooltip(row->text(gui).c_str());
+    const char* reason = whyNot(row->run, row->enabled, gui);
+    reason ? button->deactivate() : button->activate();
+    setTooltip(*button, withReason(row->text ? row->text(gui) : row->tooltip, reason));
     if (row->kind != Kind::push) button->value(row->isOn && row->isOn(gui) ? 1 : 0);
   }
 }

@@ -84,6 +84,46 @@ TEST_F(MenuCommands, WhileAFileIsOpenedTheModelsAreLeftAlone)
   EXPECT_TRUE(isActive("&All"));
 }
 
+TEST_F(MenuCommands, WhatCannotBeUsedSaysWhy)
+{
+  const auto reason = [this](const std::string& label) {
+    const char* text = whyNot(entry(label).run, entry(label).enabled, gui);
+    return text ? std::string(text) : "";
+  };
+  EXPECT_EQ(reason("&New"), "");
+  EXPECT_EQ(reason("Cu&t"), "not in this version");
+  EXPECT_EQ(reason("&Save"), "no model is open");
+  EXPECT_EQ(reason("&Shrink Polygons"), "no model is open");
+  EXPECT_EQ(reason("&Delete"), "no model is open");
+  EXPECT_STREQ(whyNotOpen(when::recentFiles, gui), "no file was opened yet");
+  EXPECT_STREQ(whyNotOpen(when::never, gui), "not in this version");
+  openSquares(1);
+  EXPECT_EQ(reason("&Save"), "");
+  EXPECT_EQ(whyNotOpen(when::recentFiles, gui), nullptr);
+  EXPECT_EQ(reason("&Next Model"), "there is no other model");
+  EXPECT_EQ(reason("&Delete"), "nothing is selected");
+  EXPECT_STREQ(whyNot(commands::undo, when::undoable, gui), "nothing to undo");
+  EXPECT_STREQ(whyNot(commands::redo, when::redoable, gui), "nothing to redo");
+  gui.newModel("untitled.flt");
+  EXPECT_EQ(reason("&Revert..."), "the model has no file yet");
+  gui.openFiles({savedSquares("b.flt", 1)});
+  EXPECT_EQ(reason("&Revert..."), "a file operation is running");
+  EXPECT_EQ(reason("&All"), "a file operation is running");
+  gui.files().waitUntilIdle();
+  EXPECT_EQ(withReason("Save", nullptr), "Save");
+  EXPECT_EQ(withReason("Save", "no model is open"), "Save (no model is open)");
+}
+
+TEST_F(MenuCommands, RecentFilesKeepTheirSpecialCharacters)
+{
+  EXPECT_EQ(commands::recentLabel(gui, 0), "");
+  gui.addRecent("/me@home/R&D.flt");
+  gui.addRecent("/b.flt");
+  EXPECT_EQ(commands::recentLabel(gui, 0), "&1. /b.flt");
+  EXPECT_EQ(commands::recentLabel(gui, 1), "&2. /me@@home/R&&D.flt");
+  EXPECT_EQ(commands::recentLabel(gui, 2), "");
+}
+
 TEST_F(MenuCommands, AllSelectsByTheModeAndNoneClears)
 {
   openSquares(2);
