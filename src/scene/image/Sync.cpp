@@ -68,6 +68,8 @@ void Sync::clear()
   lods_.clear();
   instances_.clear();
   waitingSwitches_.clear();
+  cutLinks_.clear();
+  linksNest_ = false;
   faces_.clear();
   highlight_->placesChanged();
   headerSerial_ = 0;
@@ -158,6 +160,7 @@ void Sync::finish()
   ++revision_;
   faces_.flush();
   if (lodsChanged_) refreshLods();
+  if (std::exchange(linksChanged_, false) && linksNest_) limitLinks();
   const auto switches = std::exchange(waitingSwitches_, {});
   for (const auto& [serial, record] : switches)
     refreshSwitch(*record);
@@ -269,29 +272,6 @@ const SceneNode& Sync::ensureShown(PrimNodeRecord& shared)
   TranslateVisitor visitor(*this, TraversalMode::all);
   shared.traverse(visitor);
   return node;
-}
-
-void Sync::unlink(SceneNode& node)
-{
-  const auto serial = std::exchange(node.link, 0);
-  const auto linked = nodes_.find(serial);
-  if (serial == 0 || linked == nodes_.end()) return;
-  node.content->removeChild(linked->second.top);
-  highlight_->placesChanged();
-  if (node.record->opcode() == opcodes::instanceReference)
-    instances_[serial].erase(static_cast<InstanceReferenceRecord*>(node.record.get()));
-  dropIfUnused(serial);
-}
-
-void Sync::dropIfUnused(std::uint32_t linkedSerial)
-{
-  const auto linked = nodes_.find(linkedSerial);
-  if (linked == nodes_.end() || linked->second.top->getNumParents() > 0) return;
-  instances_.erase(linkedSerial);
-  const auto record = linked->second.record;
-  UnassociateChildVisitor visitor(*this);
-  record->accept(visitor);
-  shownFiles_.erase(linkedSerial);
 }
 
 } // namespace nalt

@@ -13,6 +13,7 @@
 #include <ranges>
 #include <set>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 namespace fltapi {
@@ -166,7 +167,11 @@ private:
   /// The node of a header or definition that several references share, translated when it is new.
   const SceneNode& ensureShown(fltapi::PrimNodeRecord& shared);
   void dropIfUnused(std::uint32_t linkedSerial);
+  /// Lets the node of a reference show what `linked` stands for, unless that is above it.
+  void link(SceneNode& node, const SceneNode& linked);
   void unlink(SceneNode& node);
+  /// Takes out what so many references lead to that nobody could draw it.
+  void limitLinks();
   void applyMask(const fltapi::PrimNodeRecord& record);
   void refreshSwitch(const fltapi::SwitchRecord& record);
   void refreshLods();
@@ -190,6 +195,10 @@ private:
   // Nodes that wait for the end of the call.
   std::unordered_map<std::uint32_t, const fltapi::SwitchRecord*> waitingSwitches_;
   bool lodsChanged_ = false;
+  bool linksChanged_ = false;
+  bool linksNest_ = false; ///< what references show holds references
+  bool toldOfLimit_ = false;
+  std::unordered_set<std::uint32_t> cutLinks_; ///< references that show nothing because of the limit
   std::uint64_t revision_ = 0;
   int depth_ = 0; ///< levels that are being translated, through instances
   osg::ref_ptr<Highlight> highlight_ = new Highlight(*this);

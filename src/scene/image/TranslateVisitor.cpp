@@ -259,7 +259,7 @@ void TranslateVisitor::apply(ExternalRecord& record)
   if (!header) return;
   const auto& content = sync_.ensureShown(*header);
   node.link = header->serial();
-  if (!isAbove(*content.top, *node.content)) node.content->addChild(content.top);
+  sync_.link(node, content);
 }
 
 /// The body of an instance is translated once, below a node for its definition that all references share. One that
@@ -275,7 +275,7 @@ void TranslateVisitor::apply(InstanceReferenceRecord& record)
   sync_.instances_[definition->serial()].insert(&record);
   node.link = definition->serial();
   const auto& body = sync_.ensureShown(*definition);
-  if (!isAbove(*body.top, *node.content)) node.content->addChild(body.top);
+  sync_.link(node, body);
 }
 
 /// References that found no definition when they were translated find it now.
