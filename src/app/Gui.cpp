@@ -5,6 +5,7 @@
 #include "app/FileLists.h"
 #include "app/GuiWidgets.h"
 #include "app/MenuBar.h"
+#include "app/PaletteButtons.h"
 #include "app/ProgressWindow.h"
 #include "app/Session.h"
 #include "app/Splash.h"
@@ -425,6 +426,11 @@ void Gui::parentChanged(Model& model)
   if (&model == current_) updateWidgets();
 }
 
+void Gui::paletteIndexChanged(Model& model)
+{
+  if (&model == current_ && !headless_) updatePaletteButtons(*this);
+}
+
 void Gui::toolPointGiven(const osg::Vec3d& point)
 {
   toolPoints_.push(point);
@@ -513,6 +519,7 @@ void Gui::updateWidgets()
   updateMenuBar(*this);
   updateToolBars(*this);
   updateStatusArea(*this);
+  updatePaletteButtons(*this);
 }
 
 } // namespace nalt

@@ -74,6 +74,7 @@ public:
   void historyChanged(Model& model) override;
   void selectionChanged(Model& model) override;
   void parentChanged(Model& model) override;
+  void paletteIndexChanged(Model& model) override;
   void toolPointGiven(const osg::Vec3d& point) override;
   void toolPointMoved(const osg::Vec3d& point) override;
   void toolPointsCleared() override;

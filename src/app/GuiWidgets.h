@@ -15,6 +15,7 @@ class Fl_Window;
 
 namespace nalt {
 
+class ColorStripButton;
 class ModelGroup;
 class NaltButton;
 class SelectionList;
@@ -37,7 +38,7 @@ struct GuiWidgets {
   Fl_Button* parentButton = nullptr;
   Fl_Window* scriptEditor = nullptr; ///< while there is one
   SelectionList* selectionList = nullptr;
-  std::array<Fl_Button*, 6> palettes{}; ///< COL, TEX, TXM, MAT, LPT, SHD
+  std::array<ColorStripButton*, 6> palettes{}; ///< COL, TEX, TXM, MAT, LPT, SHD
   Fl_Group* toolPanel = nullptr;
   Fl_Output* statusLine = nullptr;
   std::vector<NaltButton*> buttons; ///< of both tool bars

@@ -3,6 +3,7 @@
 #include "app/Gui.h"
 #include "app/GuiWidgets.h"
 #include "app/MenuBar.h"
+#include "app/PaletteButtons.h"
 #include "app/SoftBox.h"
 #include "app/StatusArea.h"
 #include "app/ToolBars.h"
@@ -28,15 +29,10 @@ constexpr int windowWidth = 1362;
 constexpr int windowHeight = 740;
 constexpr int labelSize = 11;
 
-void setLabelSize(Fl_Widget& widget)
+ColorStripButton* addPaletteButton(int x, const char* label, const char* tooltip)
 {
-  widget.labelsize(labelSize);
-}
-
-Fl_Button* addButton(int x, int y, int w, int h, const char* label, const char* tooltip)
-{
-  auto* button = new Fl_Button(x, y, w, h, label);
-  setLabelSize(*button);
+  auto* button = new ColorStripButton(x, 26, 34, 36, label);
+  button->labelsize(labelSize);
   button->tooltip(tooltip);
   button->clear_visible_focus();
   return button;
@@ -93,7 +89,7 @@ void buildRightPanel(GuiWidgets& widgets)
   auto* panel = new Fl_Group(1151, 24, 211, 691);
   int x = 1152;
   for (std::size_t i = 0; i < std::size(entries); ++i, x += 35) {
-    widgets.palettes[i] = addButton(x, 26, 34, 36, entries[i].label, entries[i].tooltip);
+    widgets.palettes[i] = addPaletteButton(x, entries[i].label, entries[i].tooltip);
     widgets.palettes[i]->deactivate();
   }
   auto* tool = new Fl_Group(1152, 66, 210, 649);

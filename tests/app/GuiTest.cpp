@@ -1,7 +1,9 @@
 #include "app/Gui.h"
 #include "app/DatabaseHost.h"
+#include "app/PaletteButtons.h"
 #include "core/Model.h"
 #include "core/Preferences.h"
+#include "fltapi/AllRecords.h"
 #include "fltapi/FltFile.h"
 #include "tests/support/TempFolder.h"
 
@@ -54,6 +56,26 @@ protected:
 };
 
 } // namespace
+
+TEST_F(GuiTest, TheColorButtonShowsTheCurrentColorAndBlackAsBlack)
+{
+  EXPECT_FALSE(currentColorShown(nullptr));
+  gui.newModel("untitled.flt");
+  Model& model = *gui.currentModel();
+  auto* palette = model.fltFile()->colorPalette();
+  palette->setEntry(5, {.a = 255, .b = 30, .g = 20, .r = 10});
+  palette->setEntry(6, {.a = 0, .b = 0, .g = 0, .r = 0});
+  auto& entries = model.paletteIndices();
+  entries.set(PaletteKind::colorIndex, 5, /*undoable=*/true);
+  EXPECT_EQ(currentColorShown(&model), fl_rgb_color(10, 20, 30));
+  entries.set(PaletteKind::colorIndex, 6, /*undoable=*/true);
+  EXPECT_EQ(currentColorShown(&model), Fl_Color{56}) << "the number 0 would be the background";
+  auto* header = model.fltFile()->header();
+  using Header = fltapi::HeaderRecord;
+  header->set(Header::fields.flags, header->get(Header::fields.flags) | Header::rgbModeFlag);
+  entries.setRgbColor({.r = 1, .g = 2, .b = 3, .a = 4}, /*undoable=*/true);
+  EXPECT_EQ(currentColorShown(&model), fl_rgb_color(1, 2, 3));
+}
 
 TEST_F(GuiTest, NewModelsAreNumberedAndCleanAndNew)
 {
