@@ -186,6 +186,42 @@ TEST_F(CommandStackTest, AnEditInsideAMacroLeavesTheRedoneSideAlone)
   shell.openMacros.clear();
 }
 
+TEST_F(CommandStackTest, AMacroIsRecordedAsAWholeAndOnlyThenEmptiesTheRedoneSide)
+{
+  add("a");
+  stack().undo();
+  shell.recorder.on = true;
+  auto macro = std::make_unique<MacroCommand>("m.lua", std::vector<MacroParameter>());
+  shell.openMacros.push_back(macro.get());
+  add("b");
+  stack().add(std::make_unique<ScriptCommand>("Open Model", "nalt.openModel(\"a\")", "--"));
+  EXPECT_EQ(macro->children().size(), 2U);
+  EXPECT_THAT(shell.recorder.lines, IsEmpty());
+  shell.recorder.on = false;
+  stack().add(std::make_unique<ScriptCommand>("Open Model", "nalt.openModel(\"a\")", "--"));
+  EXPECT_EQ(macro->children().size(), 2U) << "nobody would read it";
+  shell.recorder.on = true;
+  shell.openMacros.clear();
+  EXPECT_EQ(stack().redoCommands().size(), 1U);
+  stack().add(std::move(macro));
+  EXPECT_THAT(stack().redoCommands(), IsEmpty());
+  EXPECT_THAT(namesOf(stack().undoCommands()), ElementsAre("MacroCommand: m.lua"));
+  ASSERT_EQ(shell.recorder.lines.size(), 2U);
+  EXPECT_EQ(shell.recorder.lines[1], "nalt.executeMacro(\"m.lua\")");
+}
+
+TEST_F(CommandStackTest, WhatWasDoneBeforeTheRecordingLeavesItsTextAlone)
+{
+  add("a");
+  EXPECT_EQ(stack().undoCommands().back()->scriptLine(), -1);
+  shell.recorder.on = true;
+  shell.recorder.lines = {"-- by hand"};
+  stack().undo();
+  EXPECT_THAT(shell.recorder.lines, ElementsAre("-- by hand"));
+  stack().redo();
+  EXPECT_THAT(shell.recorder.lines, ElementsAre("-- by hand", "-- a", "nalt.a()"));
+}
+
 TEST_F(CommandStackTest, EveryCommandHearsOfAReplacedRecord)
 {
   add("a");
@@ -241,6 +277,46 @@ TEST_F(CommandStackTest, AMacroUndoesItsStepsBackwardsAndRedoesThemForwards)
   macro.redo();
   EXPECT_THAT(log, ElementsAre("undo b", "undo a", "redo a", "redo b"));
   EXPECT_FALSE(shell.isQuiet);
+}
+
+TEST_F(CommandStackTest, AMacroRunsItsStepsQuietlyAndLeavesTheRunAsItWas)
+{
+  class QuietStep : public Step {
+  public:
+    QuietStep(RecordingShell& shell, std::vector<std::string>& log, std::vector<std::string>& seen)
+        : Step("step", log), shell_(shell), seen_(seen)
+    {}
+    void undo() override { note(); }
+    void redo() override { note(); }
+
+  private:
+    void note() { seen_.push_back(std::string(shell_.isQuiet ? "quiet" : "loud") + (shell_.isBatch ? " batch" : "")); }
+    RecordingShell& shell_;
+    std::vector<std::string>& seen_;
+  };
+  std::vector<std::string> seen;
+  MacroCommand macro("m.lua", {});
+  macro.append(std::make_unique<QuietStep>(shell, log, seen));
+  macro.undo();
+  EXPECT_FALSE(shell.isQuiet);
+  macro.redo();
+  EXPECT_FALSE(shell.isQuiet);
+  shell.isQuiet = shell.isBatch = true;
+  macro.undo();
+  EXPECT_TRUE(shell.isQuiet);
+  EXPECT_TRUE(shell.isBatch);
+  EXPECT_THAT(seen, ElementsAre("quiet", "quiet", "quiet batch"));
+}
+
+TEST_F(CommandStackTest, TheStepsOfAMacroHearOfAReplacedRecord)
+{
+  auto macro = std::make_unique<MacroCommand>("m.lua", std::vector<MacroParameter>());
+  macro->append(std::make_unique<Step>("a", log));
+  macro->append(std::make_unique<Step>("b", log));
+  stack().add(std::move(macro));
+  const osg::ref_ptr<fltapi::Record> record = fltapi::makeRecord(fltapi::defaultBuffer(2));
+  stack().replaceRecord(*record, *record);
+  EXPECT_THAT(log, ElementsAre("replace a", "replace b"));
 }
 
 TEST(MacroTexts, TheLineHoldsPathAndParameters)
