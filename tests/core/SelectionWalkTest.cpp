@@ -1,6 +1,7 @@
 // Whatever is selected in whatever order: undo and redo go through the same selections, and the marks of the records
 // tell what is selected.
 
+#include "core/hierarchy/DeleteSelected.h"
 #include "core/selection/Collect.h"
 #include "core/selection/SelectOperations.h"
 #include "scene/image/Marks.h"
@@ -49,7 +50,7 @@ protected:
 
   void step()
   {
-    switch (upTo(11)) {
+    switch (upTo(12)) {
     case 0:
       return selections().select(anything());
     case 1:
@@ -73,6 +74,9 @@ protected:
       return void(convertSelection(*model, anyMode(), true));
     case 10:
       return upTo(1) ? selectParents(*model, true) : selectChildren(*model, true);
+    case 11:
+      if (selections().size() <= 2) deleteSelected(*model, true); // more of it would soon leave nothing
+      return;
     default:
       return selectNone(*model, true);
     }
