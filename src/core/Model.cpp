@@ -280,9 +280,4 @@ void Model::setSwitches(const DisplaySwitches& switches)
   bindViewports();
 }
 
-void Model::resize(int x, int y, int w, int h)
-{
-  Fl_Tile::resize(x, y, w, h);
-}
-
 } // namespace nalt

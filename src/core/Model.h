@@ -112,9 +112,6 @@ public:
   /// Stores the switches and passes them on to every viewport.
   void setSwitches(const DisplaySwitches& switches);
 
-  /// Seams may be dragged, but a panel keeps a height and width that can be seen.
-  void resize(int x, int y, int w, int h) override;
-
 private:
   void endTool();
   void dropDocument();

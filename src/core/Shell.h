@@ -7,10 +7,6 @@
 #include <string>
 #include <vector>
 
-namespace osg {
-class Vec3d;
-}
-
 namespace nalt {
 
 class MacroCommand;

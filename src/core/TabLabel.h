@@ -5,10 +5,6 @@
 
 namespace nalt {
 
-/// File name without folders: what a tab shows of `path`. Both separators count, since paths in scripts may have
-/// either.
-std::string fileNameOf(const std::string& path);
-
 /// The label of a new tab for the document `name`: the name itself if no tab shows it, else with " <n>" behind it, one
 /// above the highest number in use. A tab without a number counts as 1, a "*" for unsaved changes doesn't count.
 std::string tabLabel(const std::string& name, const std::vector<std::string>& labelsInUse);
