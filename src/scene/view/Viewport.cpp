@@ -490,7 +490,7 @@ int Viewport::handlePush()
 int Viewport::handleDrag()
 {
   const int state = Fl::event_state();
-  if ((state & FL_BUTTONS) == 0) {
+  if ((state & (FL_BUTTON1 | FL_BUTTON2 | FL_BUTTON3)) == 0) {
     std::cerr << "Unknown mouse button: " << state << std::endl;
     return 0;
   }
@@ -520,8 +520,11 @@ int Viewport::handleRelease()
   case FL_MIDDLE_MOUSE:
     toolGesture_.release(mousePlace(), MouseModifiers::now());
     break;
-  default:
+  case FL_RIGHT_MOUSE:
     if (gesture_) endGesture();
+    break;
+  default:
+    break;
   }
   return 1;
 }

@@ -117,6 +117,21 @@ TEST_F(ViewportMouse, WithTwoButtonsHeldEachDoesItsOwn)
   EXPECT_EQ(tool.drags.size(), 1U);
 }
 
+TEST_F(ViewportMouse, AFurtherButtonLeavesTheCameraDragAlone)
+{
+  constexpr int side = 8;
+  send(FL_PUSH, {100, 200}, FL_RIGHT_MOUSE);
+  send(FL_PUSH, {100, 200}, side, FL_BUTTON3);
+  send(FL_RELEASE, {100, 200}, side, FL_BUTTON3);
+  const auto before = view().camera().pose().orientation;
+  send(FL_DRAG, {150, 200}, side, FL_BUTTON3);
+  EXPECT_NE(view().camera().pose().orientation, before);
+  send(FL_RELEASE, {150, 200}, FL_RIGHT_MOUSE);
+  const auto after = view().camera().pose().orientation;
+  send(FL_DRAG, {200, 200}, FL_RIGHT_MOUSE, FL_BUTTON3);
+  EXPECT_EQ(view().camera().pose().orientation, after) << "the gesture is over";
+}
+
 TEST_F(ViewportMouse, ADragWithNoneOfTheThreeButtonsIsRefused)
 {
   view();
