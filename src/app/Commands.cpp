@@ -1,6 +1,7 @@
 #include "app/Commands.h"
 
 #include "app/AboutDialog.h"
+#include "app/ActiveViewport.h"
 #include "app/Gui.h"
 #include "app/dialogs/Dialogs.h"
 #include "core/Model.h"
@@ -15,12 +16,6 @@
 namespace nalt::commands {
 
 namespace {
-
-Viewport* activeViewport(const Gui& gui)
-{
-  const Model* model = gui.currentModel();
-  return model ? dynamic_cast<Viewport*>(model->activeViewport()) : nullptr;
-}
 
 void toggleStyle(const Gui& gui, bool ViewStyle::*flag)
 {

@@ -147,6 +147,8 @@ public:
   bool abandonedWork() const { return abandonedWork_; }
 
 private:
+  static constexpr const char* untitled = "untitled.flt"; ///< the path of a model without a file
+
   void message(MessageKind kind, const std::string& text, bool append, MessageId id);
   bool onMainThread() const { return pthread_equal(pthread_self(), mainThread_) != 0; }
   void showModel(Model* model);

@@ -1,5 +1,6 @@
 #include "app/MenuBar.h"
 
+#include "app/ActiveViewport.h"
 #include "app/Gui.h"
 #include "app/GuiWidgets.h"
 #include "app/MenuReasons.h"
@@ -45,12 +46,6 @@ Menu& theMenu()
   return menu;
 }
 
-Viewport* activeViewport()
-{
-  const Model* model = Gui::get().currentModel();
-  return model ? dynamic_cast<Viewport*>(model->activeViewport()) : nullptr;
-}
-
 void pickedRow(Fl_Widget*, void* data)
 {
   static_cast<const MenuRow*>(data)->run(Gui::get());
@@ -66,7 +61,7 @@ void pickedTool(Fl_Widget*, void* data)
 void pickedViewportAction(Fl_Widget*, void* data)
 {
   const auto& action = *static_cast<const ViewportAction*>(data);
-  if (Viewport* viewport = activeViewport())
+  if (Viewport* viewport = activeViewport(Gui::get()))
     runViewportAction(action, *viewport, Fl::event() == FL_SHORTCUT || Fl::event_key() == (action.key & FL_KEY_MASK));
   Gui::get().updateWidgets();
 }
@@ -238,7 +233,7 @@ void updateMenuBar(const Gui& gui)
       setActive(menu.items[i], tool->run && tool->enabled(gui));
     }
   }
-  updateViewportMenu(menu, activeViewport());
+  updateViewportMenu(menu, activeViewport(gui));
 }
 
 } // namespace nalt

@@ -7,6 +7,7 @@
 #include "core/Model.h"
 #include "core/Preferences.h"
 #include "tests/core/RecordingShell.h"
+#include "tests/support/Scoped.h"
 #include "tests/support/Surroundings.h"
 #include "tests/support/TempFolder.h"
 
@@ -15,9 +16,11 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <regex>
+#include <thread>
 
 namespace nalt {
 
@@ -135,6 +138,43 @@ TEST(HelpServer, SaysWhatIsMissing)
   std::ofstream(folder / "help/plugins/org.eclipse.help.base_3.3.100.v20080617.jar") << "jar";
   EXPECT_TRUE(HelpServer({program, ""}).isInstalled());
   EXPECT_EQ(HelpServer({program, ""}).display(), "Failed starting help, didn't find user's directory.");
+}
+
+TEST(HelpServer, SaysWhenThereIsNoJava)
+{
+  const tests::TempFolder folder;
+  std::filesystem::create_directories(folder / "help/plugins");
+  tests::writeFile(folder / "help/plugins/org.eclipse.help.base_3.3.100.v20080617.jar", "jar");
+  const tests::ScopedEnvironment path("PATH", folder.path());
+  EXPECT_EQ(
+      HelpServer({folder / "", "/x/nalt.cfg"}).display(),
+      "Failed starting help. Please check if at least Java 6 (JRE 1.6.0) 64-bit is installed. NOTE that it has to "
+      "be 64bit!");
+}
+
+TEST(HelpServer, IsShutDownOnceAndOnlyWhenItRuns)
+{
+  const tests::TempFolder folder;
+  std::filesystem::create_directories(folder / "help/plugins");
+  tests::writeFile(folder / "help/plugins/org.eclipse.help.base_3.3.100.v20080617.jar", "jar");
+  tests::writeFile(folder / "java", "#!/bin/sh\necho $6 >>'" + (folder / "calls") + "'\n");
+  std::filesystem::permissions(folder / "java", std::filesystem::perms::owner_all);
+  const tests::ScopedEnvironment path("PATH", folder.path());
+  const auto callsBecome = [&](const std::string& wanted) {
+    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+    while (std::chrono::steady_clock::now() < end) {
+      if (std::filesystem::exists(folder / "calls") && tests::readFile(folder / "calls") == wanted) return true;
+      std::this_thread::yield();
+    }
+    return false;
+  };
+  HelpServer server({folder / "", "/x/nalt.cfg"});
+  server.shutDown();
+  EXPECT_EQ(server.display(), "");
+  EXPECT_TRUE(callsBecome("displayHelp\n"));
+  server.shutDown();
+  server.shutDown();
+  EXPECT_TRUE(callsBecome("displayHelp\nshutdown\n"));
 }
 
 TEST(Manual, IsFoundBesideTheProgramOrInTheSourceTree)

@@ -1,5 +1,6 @@
 #include "app/dialogs/ViewportPreferencesDialog.h"
 
+#include "app/ActiveViewport.h"
 #include "app/Gui.h"
 #include "app/Session.h"
 #include "app/dialogs/ApplyPreferences.h"
@@ -20,12 +21,6 @@ using namespace dialog;
 
 constexpr int formWidth = 340;
 constexpr int tabHeight = 26;
-
-Viewport* activeViewport(const Gui& gui)
-{
-  const Model* model = gui.currentModel();
-  return model ? dynamic_cast<Viewport*>(model->activeViewport()) : nullptr;
-}
 
 bool isThere(const Gui& gui, const Viewport* wanted)
 {
