@@ -11,7 +11,6 @@
 #include "core/Model.h"
 #include "core/Preferences.h"
 #include "core/Tool.h"
-#include "core/WaitCursor.h"
 #include "fltapi/FltFile.h"
 #include "fltapi/VersionText.h"
 #include "platform/Paths.h"

@@ -19,7 +19,6 @@
 #include "core/ScriptRecorder.h"
 #include "core/Tool.h"
 #include "fltapi/FltFile.h"
-#include "platform/Paths.h"
 #include "scene/view/ViewportLayout.h"
 
 #include <FL/Fl.H>
