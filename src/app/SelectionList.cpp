@@ -1,8 +1,6 @@
 #include "app/SelectionList.h"
 
-#include "core/LuaText.h"
 #include "core/Model.h"
-#include "core/selection/RecordedChange.h"
 #include "fltapi/AllRecords.h"
 
 #include <FL/Fl.H>
@@ -95,10 +93,9 @@ void SelectionList::selectLine(int line)
   alone->discard([&](const PrimNodeRecord& node, const fltapi::Record* vertex) {
     return &node != chosen.node || vertex != chosen.vertex;
   });
-  const std::string name = text(line);
-  if (!alone->empty())
-    model_->selections().select(std::move(alone),
-                                recordedChange("selectByName", luaCall("selectByName", name), /*undoable=*/true));
+  SelectionChange change;
+  change.byHand = true;
+  if (!alone->empty()) model_->selections().select(std::move(alone), change);
 }
 
 int SelectionList::handle(int event)
