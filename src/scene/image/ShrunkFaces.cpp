@@ -2,6 +2,8 @@
 
 #include "scene/image/FaceGeometry.h"
 
+#include <algorithm>
+
 namespace nalt {
 
 ShrunkFaces::ShrunkFaces(const FaceGeometry& faces) : faces_(faces)
@@ -28,6 +30,11 @@ void ShrunkFaces::shrink(const NaltPolygon& polygon)
   const auto& corners = static_cast<const osg::Vec3Array&>(*faces_.getVertexArray());
   const auto first = static_cast<std::size_t>(polygon.getFirst());
   const auto end = first + static_cast<std::size_t>(polygon.getCount());
+  if (polygon.getMode() == GL_POINTS) { // lights, each for itself
+    std::copy(corners.begin() + polygon.getFirst(), corners.begin() + polygon.getFirst() + polygon.getCount(),
+              positions_->begin() + polygon.getFirst());
+    return;
+  }
   osg::Vec3d sum;
   for (auto i = first; i < end; ++i)
     sum += corners[i];

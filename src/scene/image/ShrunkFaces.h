@@ -8,8 +8,8 @@ namespace nalt {
 class FaceGeometry;
 class NaltPolygon;
 
-/// The arrays of a geometry once more, with the corners of each polygon moved towards its centre. All but the positions
-/// is shared.
+/// The arrays of a geometry once more, with the corners of each polygon moved towards its centre. Points stay where
+/// they are. All but the positions is shared.
 class ShrunkFaces {
 public:
   explicit ShrunkFaces(const FaceGeometry& faces);

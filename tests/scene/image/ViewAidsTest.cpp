@@ -134,6 +134,17 @@ TEST_F(Shrinking, FollowsEdits)
   EXPECT_EQ(geometry(other).shrunk().positions()[0], osg::Vec3(20.5F, 0.5F, 0));
 }
 
+TEST_F(Shrinking, TheLightsOfAStringKeepTheirDistance)
+{
+  auto& light = build.add<LightPointRecord>(group);
+  build.add<VertexListRecord>(light);
+  build.vertex(light, {1, 1, 1});
+  build.vertex(light, {2, 1, 1});
+  sync().setShrinkingBits(left);
+  const auto& faces = *sync().polygonOf(light)->geometry();
+  EXPECT_THAT(faces.positionsIn(left), testing::ElementsAre(osg::Vec3(1, 1, 1), osg::Vec3(2, 1, 1)));
+}
+
 TEST_F(Shrinking, EachPolygonOfAMeshShrinksByItself)
 {
   auto& mesh = build.add<MeshRecord>(object);
